@@ -1,0 +1,60 @@
+#include <apps/measure/Expectation.h>
+
+#include <apps/measure/Numbers.h>
+
+#include <cmath>
+#include <utility>
+
+namespace tesk::measure {
+
+namespace {
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+} // namespace
+
+std::optional<Expectation> Expectation::parse(std::string_view text) {
+    // The longer operators come first: "<" is the beginning of "<=".
+    constexpr std::pair<std::string_view, Relation> relations[] = {
+        {"<=", Relation::lessOrEqual}, {">=", Relation::greaterOrEqual},
+        {"==", Relation::equal},       {"!=", Relation::unequal},
+        {"<", Relation::less},         {">", Relation::greater},
+    };
+    text = trimmed(text);
+    for (const auto& [symbol, relation] : relations) {
+        if (text.substr(0, symbol.size()) != symbol) continue;
+        const std::string_view rest = trimmed(text.substr(symbol.size()));
+        const auto number = parseNumber(rest);
+        if (!number) return std::nullopt;
+        return Expectation(relation, *number, std::string(symbol) + " " + std::string(rest));
+    }
+    return std::nullopt;
+}
+
+Expectation::Expectation(Relation wantedRelation, float wantedNumber, std::string wantedText)
+    : relation(wantedRelation), number(wantedNumber), text(std::move(wantedText)) {}
+
+bool Expectation::isMetBy(float value) const {
+    if (std::isnan(value)) return false;
+    switch (relation) {
+    case Relation::less:
+        return value < number;
+    case Relation::lessOrEqual:
+        return value <= number;
+    case Relation::greater:
+        return value > number;
+    case Relation::greaterOrEqual:
+        return value >= number;
+    case Relation::equal:
+        return value == number;
+    case Relation::unequal:
+        return value != number;
+    }
+    return false;
+}
+
+} // namespace tesk::measure

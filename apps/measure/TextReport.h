@@ -1,0 +1,16 @@
+#pragma once
+
+#include <apps/measure/Report.h>
+#include <apps/measure/SceneCatalogue.h>
+
+#include <string>
+
+namespace tesk::measure {
+
+/// A measurement as an aligned table, its numbers with so many significant digits.
+std::string textReport(const Report& report, int digits);
+
+/// The scene's nodes as an aligned table, indented by depth; triangles, lines and bounds include what is below.
+std::string textList(const SceneCatalogue& catalogue, int digits);
+
+} // namespace tesk::measure

@@ -1,0 +1,7 @@
+#include <measurement/model/Measurement.h>
+
+namespace tesk::measurement {
+
+Measurement::~Measurement() = default;
+
+} // namespace tesk::measurement

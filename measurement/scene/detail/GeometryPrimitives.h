@@ -1,0 +1,57 @@
+#pragma once
+
+#include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGLineIterator.h>
+#include <OpenSG/OSGTriangleIterator.h>
+
+#include <measurement/geometry/Primitives.h>
+
+namespace tesk::measurement::detail {
+
+/// The positions of a geometry by index, read straight from the array where there is one.
+class GeometryPositions {
+public:
+    explicit GeometryPositions(const osg::GeometryPtr& geometry);
+
+    bool isEmpty() const { return count == 0; }
+    bool contains(osg::Int32 index) const { return index >= 0 && static_cast<osg::UInt32>(index) < count; }
+    osg::Pnt3f operator[](osg::Int32 index) const {
+        const auto i = static_cast<osg::UInt32>(index);
+        return points != nullptr ? points[i] : positions->getValue(i);
+    }
+
+private:
+    osg::GeoPositionsPtr positions;
+    const osg::Pnt3f* points = nullptr;
+    osg::UInt32 count = 0;
+};
+
+/// Calls visit(triangle) for every triangle of the geometry, in the order of osg::TriangleIterator,
+/// in local coordinates. A triangle with an index beyond the positions is left out.
+template <class Visitor> void forEachTriangle(const osg::GeometryPtr& geometry, Visitor visit) {
+    const GeometryPositions positions(geometry);
+    if (positions.isEmpty()) return;
+    const osg::TriangleIterator end = geometry->endTriangles();
+    for (osg::TriangleIterator it = geometry->beginTriangles(); it != end; ++it) {
+        const osg::Int32 i0 = it.getPositionIndex(0);
+        const osg::Int32 i1 = it.getPositionIndex(1);
+        const osg::Int32 i2 = it.getPositionIndex(2);
+        if (positions.contains(i0) && positions.contains(i1) && positions.contains(i2))
+            visit(Triangle{positions[i0], positions[i1], positions[i2]});
+    }
+}
+
+/// Calls visit(segment) for every line of the geometry, in the order of osg::LineIterator, in local
+/// coordinates. A line with an index beyond the positions is left out.
+template <class Visitor> void forEachLine(const osg::GeometryPtr& geometry, Visitor visit) {
+    const GeometryPositions positions(geometry);
+    if (positions.isEmpty()) return;
+    const osg::LineIterator end = geometry->endLines();
+    for (osg::LineIterator it = geometry->beginLines(); it != end; ++it) {
+        const osg::Int32 i0 = it.getPositionIndex(0);
+        const osg::Int32 i1 = it.getPositionIndex(1);
+        if (positions.contains(i0) && positions.contains(i1)) visit(Segment{positions[i0], positions[i1]});
+    }
+}
+
+} // namespace tesk::measurement::detail

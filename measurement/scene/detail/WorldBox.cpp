@@ -1,0 +1,16 @@
+#include <measurement/scene/detail/WorldBox.h>
+
+#include <OpenSG/OSGDynamicVolume.h>
+
+namespace tesk::measurement::detail {
+
+WorldBox getWorldBox(const osg::NodePtr& node) {
+    osg::DynamicVolume volume;
+    node->getWorldVolume(volume);
+    WorldBox box;
+    volume.getBounds(box.bounds.min, box.bounds.max);
+    box.isEmpty = volume.isEmpty();
+    return box;
+}
+
+} // namespace tesk::measurement::detail

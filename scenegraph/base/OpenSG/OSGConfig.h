@@ -1,0 +1,13 @@
+#pragma once
+
+/// Version and namespace macros of the scene-graph API.
+
+#define OSG_MAJOR_VERSION 1
+#define OSG_MINOR_VERSION 8
+#define OSG_RELEASE_VERSION 0
+#define OSG_VERSION 0x010800
+
+#define OSG osg
+#define OSG_BEGIN_NAMESPACE namespace osg {
+#define OSG_END_NAMESPACE }
+#define OSG_USING_NAMESPACE using namespace osg;

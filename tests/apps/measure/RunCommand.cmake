@@ -1,0 +1,42 @@
+# cmake -D EXIT=<status> -D STDOUT=<regex> -D STDERR=<regex> -D JSON=<bool> -P RunCommand.cmake -- <command line>
+#
+# Runs the command and compares. A stream without an expression has to stay empty. Standard error holds whole lines of
+# the program's own, one only when the status is neither 0 nor 3.
+set(command "")
+set(isCommand FALSE)
+math(EXPR last "${CMAKE_ARGC} - 1")
+foreach(index RANGE ${last})
+    if(isCommand)
+        list(APPEND command "${CMAKE_ARGV${index}}")
+    elseif(CMAKE_ARGV${index} STREQUAL "--")
+        set(isCommand TRUE)
+    endif()
+endforeach()
+
+execute_process(COMMAND ${command} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+set(seen "status ${status}\n--- standard output\n${output}--- standard error\n${errors}---")
+
+if(NOT status STREQUAL EXIT)
+    message(FATAL_ERROR "expected status ${EXIT}\n${seen}")
+endif()
+foreach(stream "STDOUT;output" "STDERR;errors")
+    list(GET stream 0 expression)
+    list(GET stream 1 text)
+    if("${${expression}}" STREQUAL "" AND NOT "${${text}}" STREQUAL "")
+        message(FATAL_ERROR "expected nothing on ${expression}\n${seen}")
+    elseif(NOT "${${text}}" MATCHES "${${expression}}")
+        message(FATAL_ERROR "expected on ${expression}: ${${expression}}\n${seen}")
+    endif()
+endforeach()
+if(STDERR AND NOT errors MATCHES "^(tesk-measure: [^\n]+\n)+$")
+    message(FATAL_ERROR "expected lines of the program\n${seen}")
+elseif(status MATCHES "^[12]$" AND errors MATCHES "\n.*\n")
+    message(FATAL_ERROR "expected a single line\n${seen}")
+endif()
+if(JSON)
+    string(JSON members ERROR_VARIABLE problem LENGTH "${output}")
+    # CMake reads the first value and passes over what follows.
+    if(problem OR NOT output MATCHES "^{.*\n}\n$")
+        message(FATAL_ERROR "not JSON alone: ${problem}\n${seen}")
+    endif()
+endif()

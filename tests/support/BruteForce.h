@@ -1,0 +1,18 @@
+#pragma once
+
+#include <measurement/geometry/Primitives.h>
+
+/// True minimum squared distances, found by searching the parameters in double precision.
+///
+/// Good to about 1e-9 of the operands' squared size. Degenerate operands are fine, others than finite are not.
+namespace tesk::test {
+
+double squaredDistance(const osg::Pnt3f& a, const osg::Pnt3f& b);
+double squaredDistance(const measurement::Segment& segment, const osg::Pnt3f& point);
+double squaredDistance(const measurement::Triangle& triangle, const osg::Pnt3f& point);
+/// About 30 000 steps.
+double squaredDistance(const measurement::Segment& segment, const measurement::Triangle& triangle);
+/// Six times that.
+double squaredDistance(const measurement::Triangle& a, const measurement::Triangle& b);
+
+} // namespace tesk::test
