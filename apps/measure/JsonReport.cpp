@@ -50,10 +50,9 @@ std::string jsonReport(const Report& report) {
     json["kind"] = report.kind;
     json["name"] = report.name;
     for (const ReportedNumber& reported : report.numbers) json[reported.key] = number(reported.number);
-    for (const ReportedVector& reported : report.vectors) {
-        json[reported.key] = numbers(reported.vector);
+    for (const ReportedVector& reported : report.vectors) json[reported.key] = numbers(reported.vector);
+    for (const ReportedVector& reported : report.vectors)
         if (!reported.node.empty()) json["nodes"][reported.key] = reported.node;
-    }
     for (const Expectation& expectation : report.expectations) {
         json["expectations"].push_back({{"condition", expectation.getText()}, {"met", report.isMet(expectation)}});
     }

@@ -26,8 +26,9 @@ void flushStreams() {
 
 OutputGuard::OutputGuard() : results(duplicate(STDOUT_FILENO)) {
     flushStreams();
-    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    if (nowhere == STDOUT_FILENO) return;
+    int nowhere = open("/dev/null", O_RDWR);
+    // Fills closed standard descriptors, which the next files and pipes would get otherwise.
+    while (nowhere >= 0 && nowhere <= STDERR_FILENO) nowhere = open("/dev/null", O_RDWR);
     dup2(nowhere, STDOUT_FILENO);
     close(nowhere);
 }

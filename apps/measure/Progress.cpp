@@ -18,9 +18,11 @@ constexpr std::string_view eraseLine = "\r\033[K";
 constexpr int endingSignals[] = {SIGINT, SIGTERM, SIGHUP};
 constexpr int noTerminal = -1;
 
-/// Where a signal handler has to erase the line.
+/// Where a line stands that has to be erased.
 std::atomic<int> lineTerminal{noTerminal};
-static_assert(std::atomic<int>::is_always_lock_free, "used in a signal handler");
+std::atomic<bool> isEnding{false};
+static_assert(std::atomic<int>::is_always_lock_free && std::atomic<bool>::is_always_lock_free,
+              "used in a signal handler");
 
 void writeToTerminal(int terminal, std::string_view text) {
     // A terminal that takes no more text is no reason to stop measuring.
@@ -28,9 +30,14 @@ void writeToTerminal(int terminal, std::string_view text) {
 }
 
 /// Calls only what is allowed in a signal handler.
-void eraseLineAndEnd(int signalNumber) {
+void eraseDrawnLine() {
     const int terminal = lineTerminal.exchange(noTerminal);
     if (terminal != noTerminal) writeToTerminal(terminal, eraseLine);
+}
+
+void eraseLineAndEnd(int signalNumber) {
+    isEnding = true;
+    eraseDrawnLine();
     std::signal(signalNumber, SIG_DFL);
     std::raise(signalNumber);
 }
@@ -66,7 +73,6 @@ template <typename Body> std::thread startWithoutSignals(Body body) {
 Progress::Progress(const std::string& currentActivity, int drawingTerminal)
     : activity(printable(currentActivity)), terminal(drawingTerminal) {
     if (isatty(terminal) == 0) return;
-    lineTerminal = terminal;
     replaceHandler(SIG_DFL, eraseLineAndEnd);
     drawing = startWithoutSignals([this] { drawUntilDone(); });
 }
@@ -79,22 +85,23 @@ Progress::~Progress() {
     }
     done.notify_one();
     drawing.join();
+    eraseDrawnLine();
     replaceHandler(eraseLineAndEnd, SIG_DFL);
-    lineTerminal = noTerminal;
-    writeToTerminal(terminal, eraseLine);
 }
 
 void Progress::drawUntilDone() {
     using namespace std::chrono_literals;
     const auto start = std::chrono::steady_clock::now();
     std::unique_lock lock(mutex);
-    for (auto pause = 500ms; !done.wait_for(lock, pause, [this] { return isDone; }); pause = 250ms) {
+    for (auto pause = 500ms; !done.wait_for(lock, pause, [this] { return isDone; }); pause = 1000ms) {
         const auto elapsed = std::chrono::duration_cast<std::chrono::seconds>(std::chrono::steady_clock::now() - start);
         const std::string seconds = "  " + std::to_string(elapsed.count()) + " s";
         // The last column stays free: some terminals wrap as soon as it is filled.
         const std::size_t room = terminalColumns(terminal) - 1;
         const std::string line(shortened(activity, room - std::min(room, seconds.size())));
-        if (lineTerminal != noTerminal) writeToTerminal(terminal, std::string(eraseLine) + line + seconds);
+        if (isEnding) return;
+        lineTerminal = terminal;
+        writeToTerminal(terminal, std::string(eraseLine) + line + seconds);
     }
 }
 

@@ -66,17 +66,10 @@ void SceneCatalogue::addNodes(std::size_t file) {
     }
 }
 
-bool SceneCatalogue::standsForItsFile(const CatalogueNode& node) const {
-    const CatalogueNode& root = getFileRoot(node.file);
-    return node.nameInFile == root.nameInFile && node.content.triangles == root.content.triangles &&
-           node.content.lines == root.content.lines;
-}
-
 std::vector<std::string> SceneCatalogue::getRenamings() const {
     std::vector<std::string> renamings;
     for (const CatalogueNode& node : nodes) {
-        const bool isRenamed = !node.nameInFile.empty() && node.name != node.nameInFile;
-        if (!isRenamed || (!node.isFileRoot() && standsForItsFile(node))) continue;
+        if (node.nameInFile.empty() || node.name == node.nameInFile) continue;
         renamings.push_back(files[node.file].path + ": '" + node.nameInFile + "' is called '" + node.name + "' here");
     }
     return renamings;

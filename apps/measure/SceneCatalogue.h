@@ -52,8 +52,7 @@ public:
     const std::vector<SceneFile>& getFiles() const { return files; }
     const std::vector<CatalogueNode>& getNodes() const { return nodes; }
     const CatalogueNode& getFileRoot(std::size_t file) const { return nodes[fileRoots[file]]; }
-    /// Which nodes lost the name that they have in their file, one line each. A node that is all there is in a file
-    /// of the same name is passed over: whoever says that name gets the whole file, and thereby the node.
+    /// Which nodes lost the name that they have in their file, one line each.
     std::vector<std::string> getRenamings() const;
 
     /// Whether one node is the other or lies below it.
@@ -62,7 +61,6 @@ public:
 private:
     void addNodes(std::size_t file);
     void sumUpContent();
-    bool standsForItsFile(const CatalogueNode& node) const;
 
     std::vector<SceneFile> files;
     std::vector<CatalogueNode> nodes;

@@ -16,7 +16,7 @@ namespace tesk::measurement {
 /// isValid() and isFiniteNumber(). The squared distance is not clamped and may come out slightly negative.
 ///
 /// Method: minimum of a quadratic in both parameters (Schneider and Eberly, Geometric Tools for Computer Graphics,
-/// 10.2.1).
+/// chapter 10).
 ///
 /// \code
 /// const DistanceLineLine query(axis, ray);

@@ -18,7 +18,7 @@ namespace tesk::measurement {
 /// isFiniteNumber(). The squared distance is not clamped and may come out slightly negative.
 ///
 /// Method: minimum of a quadratic in both parameters, clamped to the segment (Schneider and Eberly, Geometric Tools for
-/// Computer Graphics, 10.2), with the deviation above.
+/// Computer Graphics, chapter 10), with the deviation above.
 ///
 /// \code
 /// const DistanceLineSegment query(axis, edge);

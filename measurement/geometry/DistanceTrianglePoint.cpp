@@ -9,8 +9,7 @@ DistanceTrianglePoint::DistanceTrianglePoint(const Triangle& triangle, const osg
 }
 
 void DistanceTrianglePoint::calcDistance(const Triangle& triangle, const osg::Vec3f& point) {
-    const detail::TrianglePointResult result =
-        detail::measureTrianglePoint(triangle, osg::Pnt3f(point[0], point[1], point[2]));
+    const detail::TrianglePointResult result = detail::measureTrianglePoint(triangle, osg::Pnt3f(point));
     closestPoint = result.closestPoint;
     squaredDistance = result.squaredDistance;
 }

@@ -12,10 +12,10 @@ namespace tesk::measurement {
 ///
 /// Each edge of one triangle is measured against the other by DistanceSegmentTriangle, the first triangle's edges
 /// first; of equal distances the earliest stays. The deviations of that query remain: the distance is that between the
-/// two points, but may be larger than the minimum. The search ends early at a squared distance up to 1.1920929e-07, so
-/// touching triangles report the first touch, and at an edge of length zero, where the results stay as they are: the
-/// squared distance may then be 3.4028235e38 with both points at the origin. So a segment given as (start, end, end)
-/// belongs second.
+/// two points, but may be larger than the minimum, and another winding may give another one. The search ends early
+/// - at a squared distance up to 1.1920929e-07: the first touch is reported;
+/// - at an edge of length zero, with what was found before: a first triangle whose p2 equals p0 leaves 3.4028235e38
+///   and both points at the origin, and one given as (start, end, end) is measured by its own edges only.
 ///
 /// Input that is not finite leaves the same values or gives NaN; filter with isValid().
 ///

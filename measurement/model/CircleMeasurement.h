@@ -10,8 +10,8 @@ namespace tesk::measurement {
 /// and normal are in that frame. Everything is at zero until it is set.
 ///
 /// Points on one line, or two that coincide, give no circle: where the computed normal is exactly zero the centre lies
-/// half way between points 1 and 2. Test the normal's length. Points that are nearly on one line, in some positions
-/// also others, may give a centre of infinities or NaN; filter with isValid().
+/// half way between points 1 and 2. Test the normal's length. Points that are nearly on one line, or in a plane along
+/// the x axis, may also give a centre of infinities or NaN; filter with isValid().
 ///
 /// Method: intersection of two chords' perpendicular bisectors in the circle's plane, by Cramer's rule on one pair of
 /// coordinates.

@@ -5,6 +5,8 @@
 #include <measurement/model/PointObjectMeasurement.h>
 #include <measurement/model/PointPointMeasurement.h>
 #include <measurement/model/detail/GroupNode.h>
+#include <measurement/section/GapMeasurement.h>
+#include <measurement/section/LineObjectMeasurement.h>
 #include <measurement/visualisation/MeasurementVisualisation.h>
 
 #include <algorithm>
@@ -48,6 +50,14 @@ ObjectObjectMeasurement* MeasurementManager::createObjectObjectMeasurement(const
                                                                            const osg::NodePtr& node2) {
     return create<ObjectObjectMeasurement>(node1, node2);
 }
+
+GapMeasurement* MeasurementManager::createGapMeasurement() { return create<GapMeasurement>(); }
+
+GapMeasurement* MeasurementManager::createGapMeasurement(const osg::NodePtr& node1, const osg::NodePtr& node2) {
+    return create<GapMeasurement>(node1, node2);
+}
+
+LineObjectMeasurement* MeasurementManager::createLineObjectMeasurement() { return create<LineObjectMeasurement>(); }
 
 CircleMeasurement* MeasurementManager::createCircleMeasurement() { return create<CircleMeasurement>(); }
 

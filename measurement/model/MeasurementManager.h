@@ -10,6 +10,8 @@
 namespace tesk::measurement {
 
 class CircleMeasurement;
+class GapMeasurement;
+class LineObjectMeasurement;
 class Measurement;
 class MeasurementVisualisation;
 class ObjectObjectMeasurement;
@@ -50,6 +52,10 @@ public:
     ObjectObjectMeasurement* createObjectObjectMeasurement();
     /// The measurement comes back measured.
     ObjectObjectMeasurement* createObjectObjectMeasurement(const osg::NodePtr& node1, const osg::NodePtr& node2);
+    GapMeasurement* createGapMeasurement();
+    /// The nodes give the measurement its name alone; see GapMeasurement.
+    GapMeasurement* createGapMeasurement(const osg::NodePtr& node1, const osg::NodePtr& node2);
+    LineObjectMeasurement* createLineObjectMeasurement();
     CircleMeasurement* createCircleMeasurement();
     PointObjectMeasurement* createPointObjectMeasurement();
     PointPointMeasurement* createPointPointMeasurement();

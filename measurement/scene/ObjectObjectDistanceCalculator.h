@@ -25,8 +25,8 @@ template <class CandidatePair> class CandidateQueue;
 ///
 /// Where no pair of triangles undercuts the bounds that the boxes set (there are no triangles, or
 /// they collapse to points), the squared distance is such a bound and there are no closest points:
-/// these keep their values from before, the nodes being the arguments, or are the origin. A null
-/// node gives the first with the bound 3.4028235e38.
+/// these keep their values from before, the nodes being the arguments, or are the origin. With a
+/// null node nothing is searched: values from before, bound 3.4028235e38.
 ///
 /// The scene must not change during a calculation. Nodes are not held by a reference: the results
 /// are good as long as the objects live. A calculator may be used again and again; nothing of one

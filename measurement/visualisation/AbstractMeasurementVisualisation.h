@@ -35,16 +35,16 @@ public:
     /// The subtree of each measurement shown.
     const Visualisations& getVisualisations() const { return visualisations; }
 
-protected:
-    AbstractMeasurementVisualisation();
-    ~AbstractMeasurementVisualisation();
-
     /// Builds the subtree for a measurement; null when it is of a kind not shown here.
     virtual osg::NodePtr createVisualisation(const Measurement* measurement) = 0;
     /// Releases what is kept for a subtree that is about to be detached and destroyed.
     virtual void removeVisualisation(const Measurement* measurement, const osg::NodePtr& node) = 0;
     /// Brings a subtree up to date with the measurement and the precision.
     virtual void updateVisualisation(const Measurement* measurement, const osg::NodePtr& node) = 0;
+
+protected:
+    AbstractMeasurementVisualisation();
+    ~AbstractMeasurementVisualisation();
 
 private:
     int precision = 1;

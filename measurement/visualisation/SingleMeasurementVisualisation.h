@@ -36,16 +36,16 @@ public:
     /// The subtree of the active measurement; null when nothing is active or the kind is not shown here.
     osg::NodePtr getActiveVisualisation() const { return activeVisualisation; }
 
-protected:
-    SingleMeasurementVisualisation();
-    ~SingleMeasurementVisualisation();
-
     /// Builds the subtree for a measurement; null when it is of a kind not shown here.
     virtual osg::NodePtr createVisualisation(const Measurement* measurement) = 0;
     /// Releases what is kept for a subtree that is about to be detached and released.
     virtual void removeVisualisation(const Measurement* measurement, const osg::NodePtr& node) = 0;
     /// Brings the subtree up to date with the measurement and the precision.
     virtual void updateVisualisation(const Measurement* measurement, const osg::NodePtr& node) = 0;
+
+protected:
+    SingleMeasurementVisualisation();
+    ~SingleMeasurementVisualisation();
 
 private:
     void removeActiveVisualisation();

@@ -19,7 +19,8 @@ struct ImportLimits {
 };
 
 struct ImportResult {
-    /// Null on failure, else a group named after the file without folder and extension, the file's nodes below it.
+    /// Null on failure, else a group named after the file without folder and extension, the file's nodes below it; or
+    /// the file's one geometry itself, when that is its name.
     osg::NodeRefPtr root;
     /// One line "<file>: <cause>"; empty on success.
     std::string error;

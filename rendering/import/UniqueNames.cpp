@@ -68,7 +68,7 @@ std::vector<std::string> makeNamesUnique(const osg::NodePtr& root) {
         const std::string name = nameOf(node);
         const std::string unused = giver.createUnused(name.empty() ? coreTypeName(node) : name);
         osg::setName(node, unused);
-        renamings.push_back((name.empty() ? "unnamed node" : "second " + name) + " is called " + unused);
+        renamings.push_back((name.empty() ? "unnamed node" : "another " + name) + " is called " + unused);
     }
     return renamings;
 }

@@ -1,6 +1,7 @@
 #include <support/BruteForce.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace tesk::test {
 
@@ -80,6 +81,24 @@ double squaredDistance(const Triangle& a, const Triangle& b) {
     return std::min({squaredDistance(Segment{a.p0, a.p1}, b), squaredDistance(Segment{a.p1, a.p2}, b),
                      squaredDistance(Segment{a.p2, a.p0}, b), squaredDistance(Segment{b.p0, b.p1}, a),
                      squaredDistance(Segment{b.p1, b.p2}, a), squaredDistance(Segment{b.p2, b.p0}, a)});
+}
+
+std::list<Segment> cut(const std::vector<Triangle>& triangles, const osg::Vec4f& plane) {
+    const auto height = [&](const osg::Pnt3f& point) {
+        const auto term = [&](int axis) { return double(plane[axis]) * double(point[axis]); };
+        return term(0) + term(1) + term(2) + double(plane[3]);
+    };
+    std::list<Segment> segments;
+    for (const auto& [p0, p1, p2] : triangles) {
+        std::vector<osg::Pnt3f> crossings;
+        for (const auto& [from, to] : {std::pair{p0, p1}, {p0, p2}, {p1, p2}}) {
+            const double behind = height(from), ahead = height(to);
+            const auto t = static_cast<float>(behind / (behind - ahead));
+            if (behind * ahead < 0) crossings.push_back(from + (to - from) * t);
+        }
+        if (!crossings.empty()) segments.push_back({crossings[0], crossings[1]});
+    }
+    return segments;
 }
 
 } // namespace tesk::test

@@ -2,6 +2,9 @@
 
 #include <measurement/geometry/Primitives.h>
 
+#include <list>
+#include <vector>
+
 /// True minimum squared distances, found by searching the parameters in double precision.
 ///
 /// Good to about 1e-9 of the operands' squared size. Degenerate operands are fine, others than finite are not.
@@ -14,5 +17,8 @@ double squaredDistance(const measurement::Triangle& triangle, const osg::Pnt3f& 
 double squaredDistance(const measurement::Segment& segment, const measurement::Triangle& triangle);
 /// Six times that.
 double squaredDistance(const measurement::Triangle& a, const measurement::Triangle& b);
+
+/// The cut of triangles by a plane a*x + b*y + c*z + d = 0 that has none of their corners on it.
+std::list<measurement::Segment> cut(const std::vector<measurement::Triangle>& triangles, const osg::Vec4f& plane);
 
 } // namespace tesk::test

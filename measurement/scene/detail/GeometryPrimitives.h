@@ -14,6 +14,7 @@ public:
     explicit GeometryPositions(const osg::GeometryPtr& geometry);
 
     bool isEmpty() const { return count == 0; }
+    osg::UInt32 size() const { return count; }
     bool contains(osg::Int32 index) const { return index >= 0 && static_cast<osg::UInt32>(index) < count; }
     osg::Pnt3f operator[](osg::Int32 index) const {
         const auto i = static_cast<osg::UInt32>(index);
@@ -41,17 +42,25 @@ template <class Visitor> void forEachTriangle(const osg::GeometryPtr& geometry, 
     }
 }
 
-/// Calls visit(segment) for every line of the geometry, in the order of osg::LineIterator, in local
-/// coordinates. A line with an index beyond the positions is left out.
-template <class Visitor> void forEachLine(const osg::GeometryPtr& geometry, Visitor visit) {
-    const GeometryPositions positions(geometry);
+/// Calls visit(i0, i1) with the position indices of every line of the geometry, in the order of
+/// osg::LineIterator. A line with an index beyond the positions, which are the geometry's, is left out.
+template <class Visitor>
+void forEachLineByIndex(const osg::GeometryPtr& geometry, const GeometryPositions& positions, Visitor visit) {
     if (positions.isEmpty()) return;
     const osg::LineIterator end = geometry->endLines();
     for (osg::LineIterator it = geometry->beginLines(); it != end; ++it) {
         const osg::Int32 i0 = it.getPositionIndex(0);
         const osg::Int32 i1 = it.getPositionIndex(1);
-        if (positions.contains(i0) && positions.contains(i1)) visit(Segment{positions[i0], positions[i1]});
+        if (positions.contains(i0) && positions.contains(i1)) visit(i0, i1);
     }
+}
+
+/// Calls visit(segment) for the same lines, in local coordinates.
+template <class Visitor> void forEachLine(const osg::GeometryPtr& geometry, Visitor visit) {
+    const GeometryPositions positions(geometry);
+    forEachLineByIndex(geometry, positions, [&](osg::Int32 i0, osg::Int32 i1) {
+        visit(Segment{positions[i0], positions[i1]});
+    });
 }
 
 } // namespace tesk::measurement::detail

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
-#include <regex>
+#include <string_view>
 
 namespace tesk::rendering::detail {
 
@@ -15,9 +15,16 @@ namespace {
 
 constexpr std::string_view threeMfPrefix = "Object_";
 
+bool startsWith(const std::string& text, std::string_view start) { return text.compare(0, start.size(), start) == 0; }
+
+/// Such as nodes[3], or meshes[3]-0 for the first of several parts.
+bool isNumbered(const std::string& name, std::string_view start) {
+    return startsWith(name, start) && name.find_first_not_of("0123456789]-", start.size()) == std::string::npos;
+}
+
 bool isMadeUp(const std::string& name) {
-    static const std::regex pattern(R"(<.*>|\$ColladaAutoName\$_\d+|defaultobject|(nodes|meshes)\[\d+\](-\d+)?)");
-    return std::regex_match(name, pattern);
+    return (startsWith(name, "<") && name.back() == '>') || name == "defaultobject" ||
+           startsWith(name, "$ColladaAutoName$_") || isNumbered(name, "nodes[") || isNumbered(name, "meshes[");
 }
 
 } // namespace

@@ -18,10 +18,13 @@ namespace {
 
 /// assimp searches for ever for the end of a PLY header that has none.
 void refuseEndlessPlyHeader(const std::string& file) {
+    constexpr const char* whitespace = " \t\r";
     std::ifstream stream(file, std::ios::binary);
     for (std::string line; std::getline(stream, line);) {
-        const std::size_t start = std::min(line.find_first_not_of(" \t"), line.size());
-        if (line.compare(start, 10, "end_header") == 0) return;
+        const std::size_t start = line.find_first_not_of(whitespace);
+        if (start != std::string::npos &&
+            line.substr(start, line.find_last_not_of(whitespace) + 1 - start) == "end_header")
+            return;
     }
     throw UnreadableFile("PLY header without an end");
 }

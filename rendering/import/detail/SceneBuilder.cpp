@@ -52,15 +52,15 @@ class Builder {
 public:
     explicit Builder(FlatScene flat) : scene(std::move(flat)), geometries(scene.meshes.size()) {}
 
-    osg::NodePtr build(const std::string& name) {
-        const osg::NodePtr root = osg::makeCoredNode<osg::Group>();
+    osg::NodeRefPtr build(const std::string& name) {
+        const osg::NodeRefPtr root(osg::makeCoredNode<osg::Group>());
         osg::setName(root, name);
         std::vector<osg::NodePtr> nodes;
         for (const FlatNode& flat : scene.nodes) {
             const osg::NodePtr node = osg::makeNodeFor(createCore(flat));
             const std::string cleanName = cleanText(flat.name);
             osg::setName(node, cleanName.empty() ? name : cleanName);
-            const osg::NodePtr& parent = flat.parent == noParent ? root : nodes[flat.parent];
+            const osg::NodePtr parent = flat.parent == noParent ? root.get() : nodes[flat.parent];
             const osg::CPEditor edit(parent, osg::Node::ChildrenFieldMask);
             parent->addChild(node);
             nodes.push_back(node);
@@ -92,6 +92,15 @@ private:
     FlatScene scene;
     std::vector<osg::GeometryPtr> geometries;
 };
+
+/// A file that holds one part of the file's own name is that part; a group around it would say nothing.
+osg::NodeRefPtr withoutNeedlessGroup(const osg::NodeRefPtr& root) {
+    if (root->getNChildren() != 1) return root;
+    const osg::NodeRefPtr child(root->getChild(0));
+    if (child->getNChildren() != 0 || std::strcmp(osg::getName(child), osg::getName(root)) != 0) return root;
+    root->subChild(child);
+    return child;
+}
 
 bool isUtf8(const std::string& text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -125,6 +134,8 @@ std::string cleanText(const std::string& text) {
     return clean.substr(first, clean.find_last_not_of(' ') + 1 - first);
 }
 
-osg::NodePtr buildScene(FlatScene scene, const std::string& name) { return Builder(std::move(scene)).build(name); }
+osg::NodeRefPtr buildScene(FlatScene scene, const std::string& name) {
+    return withoutNeedlessGroup(Builder(std::move(scene)).build(cleanText(name)));
+}
 
 } // namespace tesk::rendering::detail

@@ -9,7 +9,7 @@ namespace tesk::rendering::detail {
 ///
 /// The scene must hold what readScene() promises. Names come out as one line of UTF-8. Frees the flat meshes on the
 /// way.
-osg::NodePtr buildScene(FlatScene scene, const std::string& name);
+osg::NodeRefPtr buildScene(FlatScene scene, const std::string& name);
 
 /// The text as one line of UTF-8: control characters become spaces, and text in another encoding is taken as Latin-1.
 std::string cleanText(const std::string& text);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
+#include <type_traits>
 
 namespace tesk::rendering::detail {
 

@@ -40,11 +40,11 @@ template <class T> T osgtan(T radians) { return static_cast<T>(std::tan(radians)
 template <class T> T osgacos(T cosine) { return static_cast<T>(std::acos(cosine)); }
 
 template <class T> constexpr T osgdegree2rad(T degrees) {
-    return degrees * static_cast<T>(3.14159265358979323846 / 180.0);
+    return degrees / T(180) * static_cast<T>(3.14159265358979323846);
 }
 
 template <class T> constexpr T osgrad2degree(T radians) {
-    return radians * static_cast<T>(180.0 / 3.14159265358979323846);
+    return radians / static_cast<T>(3.14159265358979323846) * T(180);
 }
 
 template <class T> constexpr T deg2rad(T degrees) { return osgdegree2rad(degrees); }

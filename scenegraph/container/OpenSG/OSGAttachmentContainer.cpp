@@ -15,8 +15,9 @@ Int32 Attachment::findParent(const FieldContainerPtr& parent) const {
 }
 
 void Attachment::subParent(const FieldContainerPtr& parent) {
-    const auto found = parents.find(parent);
-    if (found != parents.end()) parents.erase(found);
+    // From the back: users of a widely shared object usually leave in the reverse of the order in which they came.
+    const auto found = std::find(parents.rbegin(), parents.rend(), parent);
+    if (found != parents.rend()) parents.erase(found.base() - 1);
 }
 
 AttachmentContainer::~AttachmentContainer() {

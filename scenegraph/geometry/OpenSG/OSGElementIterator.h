@@ -88,9 +88,8 @@ private:
     void rewind(const PrimitiveIterator& first) {
         primitive = first;
         index = 0;
-        std::fill_n(vertices, CornerCount, 0);
-        std::fill_n(positions, CornerCount, 0);
         enterPrimitive();
+        if (!accept({})) std::fill_n(positions, CornerCount, 0);
     }
     void enterPrimitive() {
         nextCorner = 0;

@@ -19,7 +19,8 @@ typedef RefPtr<GeometryPtr> GeometryRefPtr;
 /// one in slot j serves the properties in mapping entry j; no mapping means one index for all. Without lengths every
 /// primitive is as long as all vertices.
 ///
-/// A property may serve many geometries; each holds a reference to it and is one of its parents.
+/// A property may serve many geometries; each holds a reference to it and is one of its parents. Setting a property
+/// has the effect of an edit of it on the geometry, and null has none.
 class OSG_SYSTEMLIB_DLLMAPPING Geometry : public MaterialDrawable {
     OSG_CONTAINER(Geometry, MaterialDrawable)
 
@@ -36,8 +37,8 @@ public:
         IndicesFieldId = TexCoordsFieldId + 8,
         IndexMappingFieldId,
         DlistCacheFieldId,
-        /// After the number of the display list's name.
-        VboFieldId = DlistCacheFieldId + 2,
+        /// After the numbers of what drawing keeps and of still further sets.
+        VboFieldId = DlistCacheFieldId + 7,
         NextFieldId
     };
     static constexpr BitVector TypesFieldMask = fieldMask(TypesFieldId);
@@ -141,11 +142,11 @@ private:
 };
 
 template <class PropertyPtr> void Geometry::setProperty(PropertyPtr& field, const PropertyPtr& property) {
-    if (field == property) return;
     const PropertyPtr old = field;
     field = property;
     acquire(field);
     release(old);
+    if (field != NullFC) changed(getFieldsUsing(field), ChangedOrigin::Child);
 }
 
 } // namespace osg

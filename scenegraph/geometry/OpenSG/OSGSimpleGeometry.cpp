@@ -232,14 +232,14 @@ GeometryPtr makePlaneGeo(Real32 xsize, Real32 ysize, UInt16 hor, UInt16 vert) {
 GeometryPtr makeBoxGeo(Real32 xsize, Real32 ysize, Real32 zsize, UInt16 hor, UInt16 vert, UInt16 depth) {
     if (!isLattice(hor, vert) || !isLattice(depth, vert) || !isLattice(hor, depth)) return NullFC;
     const Real32 x = xsize * 0.5f, y = ysize * 0.5f, z = zsize * 0.5f;
-    const Vec3f right(xsize, 0, 0), up(0, ysize, 0), near(0, 0, zsize);
+    const Vec3f right(xsize, 0, 0), up(0, ysize, 0), front(0, 0, zsize);
     Shape shape;
     addRectangle(shape, Vec3f(0, 0, 1), Pnt3f(-x, -y, z), right, up, hor, vert);
     addRectangle(shape, Vec3f(0, 0, -1), Pnt3f(x, -y, -z), -right, up, hor, vert);
-    addRectangle(shape, Vec3f(1, 0, 0), Pnt3f(x, -y, z), -near, up, depth, vert);
-    addRectangle(shape, Vec3f(-1, 0, 0), Pnt3f(-x, -y, -z), near, up, depth, vert);
-    addRectangle(shape, Vec3f(0, 1, 0), Pnt3f(-x, y, z), right, -near, hor, depth);
-    addRectangle(shape, Vec3f(0, -1, 0), Pnt3f(-x, -y, -z), right, near, hor, depth);
+    addRectangle(shape, Vec3f(1, 0, 0), Pnt3f(x, -y, z), -front, up, depth, vert);
+    addRectangle(shape, Vec3f(-1, 0, 0), Pnt3f(-x, -y, -z), front, up, depth, vert);
+    addRectangle(shape, Vec3f(0, 1, 0), Pnt3f(-x, y, z), right, -front, hor, depth);
+    addRectangle(shape, Vec3f(0, -1, 0), Pnt3f(-x, -y, -z), right, front, hor, depth);
     return toSingleIndexGeometry(shape);
 }
 

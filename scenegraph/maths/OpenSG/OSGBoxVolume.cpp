@@ -4,7 +4,7 @@
 
 namespace osg {
 
-void BoxVolume::getCenter(Pnt3f& center) const { center = isEmpty() ? Pnt3f() : (minimum + maximum) * 0.5f; }
+void BoxVolume::getCenter(Pnt3f& center) const { center = isEmpty() ? Pnt3f() : minimum + (maximum - minimum) * 0.5f; }
 
 Real32 BoxVolume::getScalarVolume() const {
     if (isEmpty()) return 0.0f;

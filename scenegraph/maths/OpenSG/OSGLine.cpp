@@ -32,19 +32,19 @@ bool Line::intersect(const Pnt3f& v0, const Pnt3f& v1, const Pnt3f& v2, Real32& 
 }
 
 bool Line::intersect(const BoxVolume& box, Real32& enter, Real32& exit) const {
-    enter = NegInf;
+    enter = 0.0f;
     exit = Inf;
     if (box.isEmpty()) return false;
-    if (box.isInfinite()) return true;
     for (UInt32 axis = 0; axis < 3; ++axis) {
         const Real32 lower = box.getMin()[axis] - position[axis];
         const Real32 upper = box.getMax()[axis] - position[axis];
-        if (direction[axis] == 0.0f) {
+        if (osgabs(direction[axis]) <= Eps) {
             if (lower > 0.0f || upper < 0.0f) return false;
             continue;
         }
-        Real32 first = lower / direction[axis];
-        Real32 second = upper / direction[axis];
+        const Real32 inverse = 1.0f / direction[axis];
+        Real32 first = lower * inverse;
+        Real32 second = upper * inverse;
         if (first > second) std::swap(first, second);
         enter = osgMax(first, enter);
         exit = osgMin(second, exit);

@@ -37,8 +37,9 @@ public:
     ///
     /// Method: Moeller and Trumbore, Fast, Minimum Storage Ray/Triangle Intersection, 1997.
     bool intersect(const Pnt3f& v0, const Pnt3f& v1, const Pnt3f& v2, Real32& t, Vec3f* normal = nullptr) const;
-    /// Where the line enters and leaves a box; both may be negative. The results are undefined on a
-    /// miss. An empty box is missed, an infinite one hit from NegInf to Inf.
+    /// Where the line, taken as a ray from its position, enters and leaves a box; it enters at 0 when
+    /// it starts inside. The results are undefined on a miss. An empty box is missed, the bounds of
+    /// any other count. A direction component up to Eps counts as parallel.
     ///
     /// Method: slabs (Kay and Kajiya, Ray Tracing Complex Scenes, 1986).
     bool intersect(const BoxVolume& box, Real32& enter, Real32& exit) const;

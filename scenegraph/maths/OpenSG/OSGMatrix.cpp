@@ -45,7 +45,7 @@ void TransformationMatrix<T>::getTransform(VectorType& translation, QuaternionTy
     rotation.setIdentity();
     scaleOrientation.setIdentity();
     const T determinant = det3();
-    if (osgabs(determinant) < T(1e-30)) return;
+    if (!(osgabs(determinant) > T(1e-12))) return;
 
     TransformationMatrix linear(*this);
     linear.columns[3].setValues(0, 0, 0, 1);

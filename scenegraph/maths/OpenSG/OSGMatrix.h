@@ -90,8 +90,8 @@ public:
     ///
     /// For a uniform scale these are the arguments of setTransform(). Otherwise the scale is along
     /// other axes: M = R * S with a quarter turn about z and s = (2, 3, 4) gives (3, 2, 4). A
-    /// mirroring negates all three. A singular matrix leaves `scale` untouched and gives two
-    /// identity rotations.
+    /// mirroring negates all three. A singular matrix, with a 3x3 determinant up to 1e-12, leaves
+    /// `scale` untouched and gives two identity rotations.
     ///
     /// Method: polar decomposition by the eigenvectors of M * M^T (Shoemake and Duff, Matrix
     /// Animation and Polar Decomposition, 1992), found by Jacobi rotations.
@@ -214,18 +214,19 @@ template <class T>
 void TransformationMatrix<T>::setTransform(const VectorType& translation, const QuaternionType& rotation,
                                            const VectorType& scale) {
     setTransform(translation, rotation);
-    for (UInt32 column = 0; column < 3; ++column) columns[column] *= scale[column];
+    for (UInt32 column = 0; column < 3; ++column)
+        for (UInt32 row = 0; row < 3; ++row) columns[column][row] *= scale[column];
 }
 
 template <class T>
 void TransformationMatrix<T>::setTransform(const VectorType& translation, const QuaternionType& rotation,
                                            const VectorType& scale, const QuaternionType& scaleOrientation) {
-    TransformationMatrix orientedScale, backward;
-    orientedScale.setTransform(VectorType(), scaleOrientation, scale);
+    QuaternionType toScaleAxes(rotation);
+    toScaleAxes.mult(scaleOrientation);
+    setTransform(translation, toScaleAxes, scale);
+    TransformationMatrix backward;
     backward.setTransform(scaleOrientation.inverse());
-    orientedScale.mult(backward);
-    setTransform(translation, rotation);
-    mult(orientedScale);
+    mult(backward);
 }
 
 template <class T>
@@ -245,7 +246,8 @@ template <class T> constexpr T determinant3(T a0, T a1, T a2, T b0, T b1, T b2, 
 
 template <class T> T TransformationMatrix<T>::det3() const {
     const Vector4Type &a = columns[0], &b = columns[1], &c = columns[2];
-    return determinant3(a[0], a[1], a[2], b[0], b[1], b[2], c[0], c[1], c[2]);
+    return a[0] * b[1] * c[2] + a[1] * b[2] * c[0] + a[2] * b[0] * c[1] - a[2] * b[1] * c[0] - a[1] * b[0] * c[2] -
+           a[0] * b[2] * c[1];
 }
 
 template <class T> T TransformationMatrix<T>::det() const {

@@ -33,7 +33,9 @@ public:
     /// Positive on the side that the normal points to.
     Real32 distance(const Pnt3f& point) const { return normal.dot(point) - distanceFromOrigin; }
     bool isInHalfSpace(const Pnt3f& point) const { return distance(point) >= 0.0f; }
-    /// Where the line meets the plane; false for a parallel line, `t` then stays as it was.
+    /// Where the line, taken as a ray from its position, meets the plane. False for a parallel line,
+    /// `t` then stays as it was, and for a plane behind the position, with a negative `t`. A line
+    /// in the plane meets it at 0.
     bool intersect(const Line& line, Real32& t) const;
 
 private:

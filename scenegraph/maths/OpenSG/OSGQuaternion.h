@@ -2,6 +2,8 @@
 
 #include <OpenSG/OSGVector.h>
 
+#include <cmath>
+
 namespace osg {
 
 template <class T> class TransformationMatrix;
@@ -53,11 +55,12 @@ public:
     constexpr const T* getValues() const { return values.getValues(); }
 
     /// Axis of unit length and angle of 0 to 2 pi; (0, 0, 1) and 0 for the identity.
-    void getValueAsAxisRad(VectorType& axis, T& angle) const;
-    void getValueAsAxisDeg(VectorType& axis, T& angle) const {
-        getValueAsAxisRad(axis, angle);
-        angle = osgrad2degree(angle);
+    void getValueAsAxisRad(VectorType& axis, T& angle) const {
+        getValueAsAxisDeg(axis, angle);
+        angle = osgdegree2rad(angle);
     }
+    /// The same with the angle in degrees.
+    void getValueAsAxisDeg(VectorType& axis, T& angle) const;
     /// Replaces the whole matrix.
     void getValue(MatrixType& matrix) const;
 
@@ -103,6 +106,7 @@ template <class T> void QuaternionBase<T>::setValueAsAxisRad(const VectorType& a
 }
 
 template <class T> void QuaternionBase<T>::setValue(VectorType from, VectorType to) {
+    VectorType axis = from.cross(to);
     from.normalize();
     to.normalize();
     const T cosine = from.dot(to);
@@ -111,43 +115,46 @@ template <class T> void QuaternionBase<T>::setValue(VectorType from, VectorType 
         return;
     }
     if (cosine < T(-0.99999)) {
-        VectorType axis = from.cross(VectorType(1, 0, 0));
+        axis = from.cross(VectorType(1, 0, 0));
         if (axis.length() < T(0.00001)) axis = from.cross(VectorType(0, 1, 0));
+        axis.normalize();
         setValueAsAxisRad(axis, static_cast<T>(Pi));
         return;
     }
-    VectorType axis = from.cross(to);
+    const double wideCosine = static_cast<double>(cosine);
     axis.normalize();
-    axis *= osgsqrt(T(0.5) * (T(1) - cosine));
-    setValueAsQuat(axis[0], axis[1], axis[2], osgsqrt(T(0.5) * (T(1) + cosine)));
+    axis *= static_cast<T>(std::sqrt(0.5 * (1.0 - wideCosine)));
+    setValueAsQuat(axis[0], axis[1], axis[2], static_cast<T>(std::sqrt(0.5 * (1.0 + wideCosine))));
 }
 
 /// Starts from the largest of the four components, so that no division loses digits (Shoemake,
 /// Animating Rotation with Quaternion Curves, 1985).
 template <class T> void QuaternionBase<T>::setValue(const MatrixType& matrix) {
+    // In double precision, rounded once for each component.
+    const auto scaled = [](T difference, double factor) {
+        return static_cast<T>(static_cast<double>(difference) * factor);
+    };
     const T trace = matrix[0][0] + matrix[1][1] + matrix[2][2];
     if (trace > T(0)) {
-        T root = osgsqrt(trace + T(1));
-        values[3] = T(0.5) * root;
-        root = T(0.5) / root;
-        values[0] = (matrix[1][2] - matrix[2][1]) * root;
-        values[1] = (matrix[2][0] - matrix[0][2]) * root;
-        values[2] = (matrix[0][1] - matrix[1][0]) * root;
+        const double root = std::sqrt(static_cast<double>(trace) + 1.0);
+        const double factor = 0.5 / root;
+        setValueAsQuat(scaled(matrix[1][2] - matrix[2][1], factor), scaled(matrix[2][0] - matrix[0][2], factor),
+                       scaled(matrix[0][1] - matrix[1][0], factor), static_cast<T>(0.5 * root));
         return;
     }
     UInt32 i = matrix[1][1] > matrix[0][0] ? 1 : 0;
     if (matrix[2][2] > matrix[i][i]) i = 2;
     const UInt32 j = (i + 1) % 3;
     const UInt32 k = (j + 1) % 3;
-    T root = osgsqrt(matrix[i][i] - (matrix[j][j] + matrix[k][k]) + T(1));
-    values[i] = T(0.5) * root;
-    root = T(0.5) / root;
-    values[3] = (matrix[j][k] - matrix[k][j]) * root;
-    values[j] = (matrix[i][j] + matrix[j][i]) * root;
-    values[k] = (matrix[i][k] + matrix[k][i]) * root;
+    const double root = std::sqrt(static_cast<double>(matrix[i][i] - (matrix[j][j] + matrix[k][k])) + 1.0);
+    const double factor = 0.5 / root;
+    values[i] = static_cast<T>(0.5 * root);
+    values[3] = scaled(matrix[j][k] - matrix[k][j], factor);
+    values[j] = scaled(matrix[i][j] + matrix[j][i], factor);
+    values[k] = scaled(matrix[i][k] + matrix[k][i], factor);
 }
 
-template <class T> void QuaternionBase<T>::getValueAsAxisRad(VectorType& axis, T& angle) const {
+template <class T> void QuaternionBase<T>::getValueAsAxisDeg(VectorType& axis, T& angle) const {
     axis.setValues(x(), y(), z());
     const T axisLength = axis.length();
     if (axisLength < static_cast<T>(Eps)) {
@@ -156,7 +163,7 @@ template <class T> void QuaternionBase<T>::getValueAsAxisRad(VectorType& axis, T
         return;
     }
     axis *= T(1) / axisLength;
-    angle = T(2) * osgacos(osgClamp(T(-1), w(), T(1)));
+    angle = osgrad2degree(T(2) * osgacos(osgClamp(T(-1), w(), T(1))));
 }
 
 template <class T> void QuaternionBase<T>::getValue(MatrixType& matrix) const {
@@ -165,17 +172,27 @@ template <class T> void QuaternionBase<T>::getValue(MatrixType& matrix) const {
 }
 
 template <class T> void QuaternionBase<T>::multVec(const VectorType& source, VectorType& result) const {
-    const VectorType axis(x(), y(), z());
-    const VectorType turned = axis.cross(source) * T(2);
-    result = source + turned * w() + axis.cross(turned);
+    const T qx = x(), qy = y(), qz = z(), qw = w();
+    const T xx = qx * qx, yy = qy * qy, zz = qz * qz, ww = qw * qw;
+    const T vx = source[0], vy = source[1], vz = source[2];
+    result.setValues((ww + xx - yy - zz) * vx + T(2) * ((qx * qy - qw * qz) * vy + (qx * qz + qw * qy) * vz),
+                     (ww - xx + yy - zz) * vy + T(2) * ((qy * qz - qw * qx) * vz + (qx * qy + qw * qz) * vx),
+                     (ww - xx - yy + zz) * vz + T(2) * ((qx * qz - qw * qy) * vx + (qy * qz + qw * qx) * vy));
 }
 
+/// With eight multiplications (Howell and Lafon, The Complexity of the Quaternion Product, 1975).
 template <class T> void QuaternionBase<T>::setProduct(const QuaternionBase& a, const QuaternionBase& b) {
-    const Vector<T, 4> product(a.w() * b.x() + a.x() * b.w() + a.y() * b.z() - a.z() * b.y(),
-                               a.w() * b.y() + a.y() * b.w() + a.z() * b.x() - a.x() * b.z(),
-                               a.w() * b.z() + a.z() * b.w() + a.x() * b.y() - a.y() * b.x(),
-                               a.w() * b.w() - a.x() * b.x() - a.y() * b.y() - a.z() * b.z());
-    values = product;
+    const T productW = (a.z() - a.y()) * (b.y() - b.z());
+    const T productX = (a.w() + a.x()) * (b.w() + b.x());
+    const T productY = (a.w() - a.x()) * (b.y() + b.z());
+    const T productZ = (a.y() + a.z()) * (b.w() - b.x());
+    const T excessW = (a.z() + a.x()) * (b.x() + b.y());
+    const T excessY = (a.w() - a.y()) * (b.w() + b.z());
+    const T excessZ = (a.w() + a.y()) * (b.w() - b.z());
+    const T excessX = excessW + excessZ + excessY;
+    const T common = T(0.5) * ((a.z() - a.x()) * (b.x() - b.y()) + excessX);
+    setValueAsQuat(productX + common - excessX, productY + common - excessY, productZ + common - excessZ,
+                   productW + common - excessW);
     normalize();
 }
 

@@ -2,6 +2,7 @@
 
 #include <OpenSG/OSGThread.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <vector>
@@ -29,12 +30,20 @@ void NodeCore::invalidateVolume() {
     for (const NodePtr& node : parents) node->invalidateVolume();
 }
 
+// Without recursion, so that memory alone limits the depth of a scene: a node that dies hands its children on.
 Node::~Node() {
     setCore(NullFC);
-    for (const NodePtr& child : children) {
-        if (child == NullFC) continue;
-        child->setParent(NullFC);
-        subRefCP(child);
+    std::vector<NodePtr> orphans(children.begin(), children.end());
+    while (!orphans.empty()) {
+        const NodePtr orphan = orphans.back();
+        orphans.pop_back();
+        if (orphan == NullFC) continue;
+        orphan->setParent(NullFC);
+        if (orphan.getRefCount() <= 1) {
+            orphans.insert(orphans.end(), orphan->children.begin(), orphan->children.end());
+            orphan->children.clear();
+        }
+        subRefCP(orphan);
     }
 }
 
@@ -43,8 +52,9 @@ void Node::setCore(const NodeCorePtr& newCore) {
     // The reference comes first: the core may be the one that is set already.
     addRefCP(newCore);
     if (core != NullFC) {
-        const auto position = core->parents.find(self);
-        if (position != core->parents.end()) core->parents.erase(position);
+        // From the back: nodes that share a core are usually taken apart in the reverse order.
+        const auto position = std::find(core->parents.rbegin(), core->parents.rend(), self);
+        if (position != core->parents.rend()) core->parents.erase(position.base() - 1);
         recordChange(core, NodeCore::ParentsFieldMask);
         core->changed(NodeCore::ParentsFieldMask, ChangedOrigin::External);
         subRefCP(core);
@@ -166,14 +176,25 @@ void Node::getWorldVolume(DynamicVolume& result) {
     result.transform(toWorld);
 }
 
+// Without recursion, so that memory alone limits the depth of a scene.
 void Node::updateVolume() {
-    if (volume.isValid() || travMask == 0) return;
-    volume.setEmpty();
-    for (const NodePtr& child : children) {
-        if (child == NullFC || child->travMask == 0) continue;
-        child->updateVolume();
-        volume.extendBy(child->volume);
+    if (!needsVolume()) return;
+    std::vector<Node*> open{this};
+    while (!open.empty()) {
+        Node* const node = open.back();
+        const std::size_t openBefore = open.size();
+        for (const NodePtr& child : node->children)
+            if (child != NullFC && child->needsVolume()) open.push_back(child.getCPtr());
+        if (open.size() > openBefore) continue;
+        node->computeVolume();
+        open.pop_back();
     }
+}
+
+void Node::computeVolume() {
+    volume.setEmpty();
+    for (const NodePtr& child : children)
+        if (child != NullFC && child->travMask != 0) volume.extendBy(child->volume);
     if (core != NullFC) core->adjustVolume(volume.getInstance());
     volume.instanceChanged();
     volume.setValid();

@@ -87,6 +87,9 @@ private:
     void detachChild(UInt32 index);
     /// Takes the child from where it is, with a reference of this node's own.
     void adopt(const NodePtr& child);
+    bool needsVolume() const { return !volume.isValid() && travMask != 0; }
+    /// From the children's volumes, which are up to date.
+    void computeVolume();
 
     DynamicVolume volume;
     UInt32 travMask = 0xffffffff;

@@ -25,8 +25,8 @@ TEST(CircleMeasurement, IsComputedStepByStepInSinglePrecision) {
         const char* place;
         osg::Pnt3f point1, point2, point3, center, normal;
     } rows[] = {
-        {"z plane", {0, 0, 0}, {2, 0, 0}, {0, 2, 0}, {1, 1, 0}, {0, 0, 4}},
-        {"tilted", {24, 27, 15}, {9, 0, 23}, {19, 1, 18}, {0x1.93cba4p3f, 0x1.0369cep4f, 0x1.4e14p4f}, {127, 5, 255}},
+        {"by xy", {0, 0, 0}, {2, 0, 0}, {0, 2, 0}, {1, 1, 0}, {0, 0, 4}},
+        {"by yz", {16, 12, 2}, {-7, 6, 23}, {6, -1, 15}, {0x1.1ab46cp1f, 0x1.f4ef2cp3f, 0x1.7c8806p3f}, {195, 89, 239}},
         {"by zx", {0, 0, 0}, {24, 3, 7}, {1, 9, 21}, {0x1.36c2b4p3f, 0x1.15d5f8p2f, 0x1.44244ep3f}, {0, -497, 213}},
         {"infinite", {0, 0, 0}, {0, .3f, .7f}, {.3f, 0, 0}, {inf, NAN, NAN}, {0, 0x1.ae147cp-3f, -0x1.70a3d8p-4f}},
         {"collinear", {0, 0, 0}, {1, 0, 0}, {3, 0, 0}, {0.5f, 0, 0}, {0, 0, 0}},

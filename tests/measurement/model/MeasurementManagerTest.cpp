@@ -82,8 +82,10 @@ TEST_F(MeasurementManagerTest, HangsItsGroupBelowTheRoot) {
     manager->addVisualisation(&a);
     const osg::NodePtr visualisations = a.getVisualisation()->getParent();
     manager->setVisualisationRoot(root);
+    root->addChild(group({}));
+    // The second time must not move the group behind the other child.
     manager->setVisualisationRoot(root);
-    ASSERT_TRUE(root->getNChildren() == 1 && root->getChild(0) == visualisations);
+    ASSERT_TRUE(root->getNChildren() == 2 && root->getChild(0) == visualisations);
     manager->enableVisualisations(false);
     EXPECT_EQ(visualisations->getTravMask(), 0u);
     manager->enableVisualisations(true);
@@ -91,13 +93,13 @@ TEST_F(MeasurementManagerTest, HangsItsGroupBelowTheRoot) {
     // The new root's only reference is the old root's, whose only one is the manager's.
     manager->setVisualisationRoot(group({group({})}));
     manager->setVisualisationRoot(visualisations->getParent()->getChild(0));
-    EXPECT_TRUE(root->getNChildren() == 0 && visualisations->getParent()->getParent() == osg::NullFC);
+    EXPECT_TRUE(root->getNChildren() == 1 && visualisations->getParent()->getParent() == osg::NullFC);
     manager->setVisualisationRoot(root);
     manager->createPointPointMeasurement()->setNode1(root);
     log.clear();
     manager.reset();
     expectLog("a remove ; ");
-    EXPECT_TRUE(root->getNChildren() == 0 && root.get().getRefCount() == 1);
+    EXPECT_TRUE(root->getNChildren() == 1 && root.get().getRefCount() == 1);
 }
 
 } // namespace tesk::test

@@ -177,7 +177,7 @@ TEST(PointObjectDistanceCalculator, AgreesWithBruteForce) {
 TEST(PointObjectDistanceCalculator, FollowsItsRules) {
     const auto line = [] { return test::named(test::lines({{{0, 0, 1}, {1, 0, 1}}}), "line"); };
     const auto face = [](float z) { return test::named(quad(z), "face"); };
-    const test::Mesh broken{{{0, 0, 2}, {1, 0, 2}, {0, 1, 2}}, {0, 1, 7, 0, 1, 2}};
+    const test::Mesh broken{{{0, 0, 2}, {1, 0, 2}, {0, 1, 2}}, {0, 1, 1u << 30, 0, 1, 2}};
     const struct {
         const char* rule;
         test::SceneNode object;
@@ -186,6 +186,8 @@ TEST(PointObjectDistanceCalculator, FollowsItsRules) {
     } rows[] = {{"the first of equals stays", group({line(), face(-1)}), "line", 1},
                 {"in either order", group({face(-1), line()}), "face", -1},
                 {"only the chosen child", test::switchNode(1, {face(0), line()}), "line", 1},
+                {"no point of a flat triangle", group({test::triangles({{{0, 0, 0}, {1, 0, 0}, {2, 0, 0}}}), line()}),
+                 "line", 1},
                 {"bad indices are left out", test::named(test::geometry(broken), "broken"), "broken", 2},
                 // Deliberate: distances are compared in local units, here 1 against 5.
                 {"local units", group({quad(-5), transform(test::scaled(10), {face(1)})}), "face", 10},

@@ -5,8 +5,10 @@
 #include <OpenSG/OSGTransform.h>
 #include <minizip/zip.h>
 
+#include <array>
 #include <cstdlib>
 #include <fstream>
+#include <map>
 #include <sstream>
 
 namespace tesk::test {
@@ -32,11 +34,10 @@ const char* const ply =
 
 const char* const off = "OFF\n4 2 0\n0 0 0\n1 0 0\n1 1 0\n0 1 0\n4 0 1 2 3\n3 0 1 2\n";
 
+/// Four corners, the indices of two triangles and those of a polyline.
 std::string gltfBuffer() {
-    return packed(0.0f, 0.0f, 0.0f, 1.0f, 0.0f, 0.0f, 1.0f, 1.0f, 0.0f, 0.0f, 1.0f, 0.0f) +
-           packed<std::uint16_t, std::uint16_t, std::uint16_t, std::uint16_t, std::uint16_t, std::uint16_t>(0, 1, 2, 0,
-                                                                                                            2, 3) +
-           packed<std::uint16_t, std::uint16_t, std::uint16_t, std::uint16_t>(0, 1, 2, 3);
+    return packed(std::array<float, 12>{0, 0, 0, 1, 0, 0, 1, 1, 0, 0, 1, 0},
+                  std::array<std::uint16_t, 10>{0, 1, 2, 0, 2, 3, 0, 1, 2, 3});
 }
 
 /// The nut stands in the scene twice, and there is a camera, which shows nothing.
@@ -129,12 +130,9 @@ std::string TemporaryFolder::write(const std::string& name, const std::string& b
 
 std::string TemporaryFolder::writeAssembly(const std::string& extension) const {
     const std::string name = "assembly." + extension;
-    if (extension == "stl") return write(name, stl);
-    if (extension == "obj") return write(name, obj);
-    if (extension == "ply") return write(name, ply);
-    if (extension == "off") return write(name, off);
-    if (extension == "dae") return write(name, dae);
-    if (extension == "glb") return write(name, glb());
+    const std::map<std::string, std::string> contents{{"stl", stl}, {"obj", obj}, {"ply", ply},
+                                                      {"off", off}, {"dae", dae}, {"glb", glb()}};
+    if (const auto content = contents.find(extension); content != contents.end()) return write(name, content->second);
     if (extension == "gltf") {
         write("buffer.bin", gltfBuffer());
         return write(name, gltf(R"(,"uri":"buffer.bin")"));

@@ -13,8 +13,6 @@ class TemporaryFolder {
 public:
     TemporaryFolder();
     ~TemporaryFolder() { std::filesystem::remove_all(path); }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     /// The full name of the file written.
     std::string write(const std::string& name, const std::string& bytes) const;

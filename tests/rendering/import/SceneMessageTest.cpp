@@ -1,7 +1,5 @@
 #include <rendering/import/detail/SceneMessage.h>
 
-#include <support/Random.h>
-
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -30,20 +28,7 @@ std::string bytesOf(const FlatScene& scene) {
     return bytes;
 }
 
-enum class Outcome { scene, failure, cutShort, damaged };
-
-Outcome outcomeOf(const std::string& bytes, std::uint64_t maximumBytes = 1 << 20) {
-    try {
-        readScene(streamOf(bytes).get(), maximumBytes);
-        return Outcome::scene;
-    } catch (const UnreadableFile&) {
-        return Outcome::failure;
-    } catch (const MessageCutShort&) {
-        return Outcome::cutShort;
-    } catch (const MessageDamaged&) {
-        return Outcome::damaged;
-    }
-}
+FlatScene sceneOf(const std::string& bytes) { return readScene(streamOf(bytes).get(), 1 << 20); }
 
 /// A placed triangle beside a group with the same triangle.
 FlatScene createScene() {
@@ -62,9 +47,9 @@ FlatScene createScene() {
 TEST(SceneMessage, BringsTheWholeScene) {
     const std::string bytes = bytesOf(createScene());
     EXPECT_EQ(bytesOf(readScene(streamOf(bytes).get(), bytes.size())), bytes);
-    EXPECT_EQ(outcomeOf(bytes, bytes.size() - 1), Outcome::damaged);
+    EXPECT_THROW(readScene(streamOf(bytes).get(), bytes.size() - 1), MessageDamaged);
     for (std::size_t size = 0; size < bytes.size(); ++size)
-        ASSERT_EQ(outcomeOf(bytes.substr(0, size)), Outcome::cutShort) << size << " bytes";
+        ASSERT_THROW(sceneOf(bytes.substr(0, size)), MessageCutShort) << size << " bytes";
 }
 
 TEST(SceneMessage, RefusesWhatCannotBeBuilt) {
@@ -93,21 +78,8 @@ TEST(SceneMessage, RefusesWhatCannotBeBuilt) {
         SCOPED_TRACE(row.fault);
         FlatScene scene = createScene();
         row.damage(scene);
-        EXPECT_EQ(outcomeOf(bytesOf(scene)), Outcome::damaged);
+        EXPECT_THROW(sceneOf(bytesOf(scene)), MessageDamaged);
     }
-}
-
-TEST(SceneMessage, BearsAnyBytes) {
-    const std::string bytes = bytesOf(createScene());
-    test::Random random(11);
-    int refusals = 0;
-    for (int run = 0; run < 2000; ++run) {
-        std::string mutated = bytes;
-        mutated[random.below(static_cast<std::uint32_t>(bytes.size()))] = static_cast<char>(random.below(256));
-        refusals += outcomeOf(mutated) != Outcome::scene;
-    }
-    EXPECT_GT(refusals, 200);
-    EXPECT_LT(refusals, 1800);
 }
 
 } // namespace tesk::rendering::detail

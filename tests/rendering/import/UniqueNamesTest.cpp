@@ -27,9 +27,9 @@ TEST(MakeNamesUnique, KeepsFirstNamesAndAvoidsThoseInUse) {
         createNode("nut", {createNode("frame", {createNode("nut"), createNode("nut")}), createNode("nut-2"),
                            createNode(""), createNode("frame"), createNode("frame")}));
     osg::setName(root->getChild(2), static_cast<const char*>(nullptr));
-    const std::vector<std::string> expected{"second nut is called nut-3", "second nut is called nut-4",
-                                            "unnamed node is called group", "second frame is called frame-2",
-                                            "second frame is called frame-3"};
+    const std::vector<std::string> expected{"another nut is called nut-3", "another nut is called nut-4",
+                                            "unnamed node is called group", "another frame is called frame-2",
+                                            "another frame is called frame-3"};
     EXPECT_EQ(makeNamesUnique(root), expected);
     EXPECT_EQ(test::dump(root), "nut [frame [nut-3, nut-4], nut-2, group, frame-2, frame-3]");
     EXPECT_TRUE(makeNamesUnique(root).empty());

@@ -42,6 +42,7 @@ TEST(Geometry, HasTheFieldNumbersOfTheScenegraph) {
     EXPECT_EQ(Geometry::TypesFieldMask, 0x10u);
     EXPECT_EQ(Geometry::PositionsFieldMask, 0x40u);
     EXPECT_EQ(Geometry::IndicesFieldMask, 0x40000u);
+    EXPECT_EQ(Geometry::VboFieldMask, 0x8000000u);
     EXPECT_TRUE(Geometry::getClassType().getParent()->getParent()->isDerivedFrom(osg::NodeCore::getClassType()));
 }
 
@@ -85,6 +86,7 @@ TEST(Geometry, BoundsThePositionsThatPrimitivesUse) {
     };
     for (const auto& row : rows) {
         const osg::NodeRefPtr node(osg::makeNodeFor(geometryOf(row.content).get()));
+        node->addChild(osg::makeNodeFor(geometryOf({{GL_POINTS}, {500}, 500}).get())); // counts for nothing
         const auto [low, high] = extent(node);
         EXPECT_TRUE(std::isnan(row.low) ? std::isnan(low) : low == row.low && high == row.high)
             << row.situation << ": " << low << " to " << high;
@@ -115,6 +117,9 @@ TEST(Geometry, RefreshesVolumesWhenPositionsChange) {
     expectExtents(1, 5, 5, "lengths");
     osg::endEditCP(first.get());
     for (osg::UInt32 child : {0u, 1u}) EXPECT_EQ(extent(root->getChild(child)).second, 7) << "all fields";
+
+    second->setPositions(geometryOf({{}, {}, 1})->getPositions());
+    EXPECT_EQ(extent(root->getChild(2)).second, 0) << "another property, without an edit";
 
     // Nothing left: the volume is empty and keeps its bounds.
     first->getTypes()->clear();

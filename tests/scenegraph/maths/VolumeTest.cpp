@@ -149,8 +149,9 @@ TEST(Line, EntersAndLeavesBoxes) {
         bool meets;
         Real32 enter, exit;
     } rows[] = {
-        {{-1, 0.5f, 0.5f}, {4, 0, 0}, true, 1, 2}, {{0.5f, 3, 0.5f}, {0, 1, 0}, true, -3, -2},
-        {{0.5f, 3, 0.5f}, {1, 0, 0}, false, 0, 0}, {{1, 1, -1}, {0, 0, 1}, true, 1, 2},
+        {{-1, 0.5f, 0.5f}, {4, 0, 0}, true, 1, 2},        {{0.5f, 3, 0.5f}, {0, 1, 0}, false, 0, 0},
+        {{0.5f, 0.25f, 0.5f}, {0, 1, 0}, true, 0, 0.75f}, {{0.5f, 0.5f, 2}, {1, 0, -1e-6f}, false, 0, 0},
+        {{0.5f, 3, 0.5f}, {1, 0, 0}, false, 0, 0},        {{1, 1, -1}, {0, 0, 1}, true, 1, 2},
         {{0, 1.5f, 0.5f}, {1, 1, 0}, false, 0, 0},
     };
     for (const auto& row : rows) {
@@ -172,6 +173,9 @@ TEST(Plane, MeasuresOnTheSideOfItsNormal) {
     EXPECT_FALSE(plane.intersect(Line(Pnt3f(0, 0, 5), Vec3f(1, 0, 0)), t));
     EXPECT_TRUE(plane.intersect(Line(Pnt3f(0, 0, 5), Vec3f(0, 0, -1)), t));
     EXPECT_EQ(t, 3.0f);
+    EXPECT_FALSE(plane.intersect(Line(Pnt3f(0, 0, 5), Vec3f(0, 0, 1)), t));
+    EXPECT_TRUE(plane.intersect(Line(Pnt3f(0, 0, 2), Vec3f(1, 0, 0)), t));
+    EXPECT_EQ(t, 0.0f);
 }
 
 } // namespace

@@ -1,0 +1,111 @@
+#include <benchmarks/Comparison.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <iostream>
+
+#include <fcntl.h>
+#include <malloc.h>
+#include <unistd.h>
+
+namespace tesk::benchmarks {
+
+namespace {
+
+bool disagreed = false;
+
+/// Sends standard output to /dev/null as long as it lives: pairs that touch write many lines.
+class SilentOutput {
+public:
+    SilentOutput() : output(dup(STDOUT_FILENO)) {
+        flush();
+        const int nowhere = open("/dev/null", O_WRONLY);
+        dup2(nowhere, STDOUT_FILENO);
+        close(nowhere);
+    }
+    ~SilentOutput() {
+        flush();
+        dup2(output, STDOUT_FILENO);
+        close(output);
+    }
+    SilentOutput(const SilentOutput&) = delete;
+    SilentOutput& operator=(const SilentOutput&) = delete;
+
+private:
+    static void flush() {
+        std::cout.flush();
+        std::fflush(stdout);
+    }
+
+    int output;
+};
+
+std::size_t heapInUse() {
+    const struct mallinfo2 heap = mallinfo2();
+    return heap.uordblks + heap.hblkhd;
+}
+
+double timeInMilliseconds(const std::function<void()>& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    const std::size_t middle = values.size() / 2;
+    return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2.0;
+}
+
+void showTimes(benchmark::State& state, const std::vector<Contestant>& contestants, const std::vector<double>& times) {
+    for (std::size_t i = 0; i < contestants.size(); ++i) state.counters[contestants[i].name + "_ms"] = times[i];
+    if (times.size() > 1) state.counters["ratio"] = *std::min_element(times.begin() + 1, times.end()) / times.front();
+}
+
+} // namespace
+
+HeapGrowths compare(benchmark::State& state, const std::vector<Contestant>& contestants) {
+    const SilentOutput silence;
+    std::vector<std::vector<double>> times(contestants.size());
+    HeapGrowths growths(contestants.size());
+    for (auto _ : state) {
+        for (std::size_t i = 0; i < contestants.size(); ++i) {
+            const bool isOurs = i == 0;
+            state.PauseTiming();
+            const std::size_t before = heapInUse();
+            if (isOurs) state.ResumeTiming();
+            times[i].push_back(timeInMilliseconds(contestants[i].work));
+            if (isOurs) state.PauseTiming();
+            growths[i] = heapInUse() - before;
+            contestants[i].cleanUp();
+            state.ResumeTiming();
+        }
+    }
+    std::vector<double> medians;
+    for (const std::vector<double>& each : times) medians.push_back(median(each));
+    showTimes(state, contestants, medians);
+    return growths;
+}
+
+benchmark::IterationCount repetitionsFor(std::size_t triangleCount) { return triangleCount < 100'000 ? 5 : 3; }
+
+void expectAgreement(benchmark::State& state, double ours, const std::string& peerName, double peers,
+                     double allowance) {
+    const double rounding = 1e-6;
+    const bool isTooSmall = ours * ours < peers * peers - rounding;
+    const bool isTooLarge = ours * ours > peers * peers + rounding && ours > peers + allowance;
+    if (!isTooSmall && !isTooLarge) return;
+    disagreed = true;
+    state.SkipWithError(
+        ("our distance " + std::to_string(ours) + " against " + std::to_string(peers) + " of " + peerName).c_str());
+}
+
+bool hasDisagreement() { return disagreed; }
+
+void skip(benchmark::State& state, const std::string& reason) {
+    for (auto _ : state) continue;
+    state.SetLabel("skipped: " + reason);
+}
+
+} // namespace tesk::benchmarks

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tesk::benchmarks {
+
+/// One of several libraries that do the same work.
+struct Contestant {
+    std::string name;
+    std::function<void()> work;
+    /// Not timed; runs after each work.
+    std::function<void()> cleanUp = [] {};
+};
+
+/// Bytes of heap that each contestant's work left in use, in the contestants' order.
+using HeapGrowths = std::vector<std::size_t>;
+
+/// Lets all contestants work in turn, once for each of the row's iterations, and shows the medians.
+///
+/// The first contestant is ours: the row's own times are its times. Counters are `NAME_ms`, the median of each, and
+/// `ratio`, that of the fastest other one by ours: above 1 we are ahead. Standard output is silent meanwhile.
+HeapGrowths compare(benchmark::State& state, const std::vector<Contestant>& contestants);
+
+/// How often compare() should repeat work on so many triangles.
+benchmark::IterationCount repetitionsFor(std::size_t triangleCount);
+
+/// Fails the row unless our distance fits the peer's.
+///
+/// Ours may be larger by up to `allowance`, and either may be off by the rounding of squared distances in single
+/// precision between objects of size 1.
+void expectAgreement(benchmark::State& state, double ours, const std::string& peerName, double peers, double allowance);
+/// Whether any row of this process failed in expectAgreement().
+bool hasDisagreement();
+
+/// Makes a row of nothing but the reason.
+void skip(benchmark::State& state, const std::string& reason);
+
+} // namespace tesk::benchmarks

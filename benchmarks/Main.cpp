@@ -1,0 +1,55 @@
+#include <benchmarks/Comparison.h>
+#include <benchmarks/Peers.h>
+#include <benchmarks/Works.h>
+
+#include <benchmark/benchmark.h>
+
+#include <charconv>
+#include <cstring>
+#include <iostream>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+constexpr std::string_view limitOption = "--close_pair_limit=";
+
+/// Takes the option out of the arguments. False when its value is no number.
+bool takeClosePairLimit(std::vector<char*>& arguments, std::size_t& limit) {
+    for (auto argument = arguments.begin() + 1; argument != arguments.end(); ++argument) {
+        std::string_view text = *argument;
+        if (text.substr(0, limitOption.size()) != limitOption) continue;
+        text.remove_prefix(limitOption.size());
+        arguments.erase(argument);
+        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), limit);
+        return error == std::errc() && end == text.data() + text.size();
+    }
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::vector<char*> arguments(argv, argv + argc);
+    std::size_t closePairLimit = 100'000;
+    if (!takeClosePairLimit(arguments, closePairLimit)) {
+        std::cerr << limitOption << " wants a number of triangles\n";
+        return 2;
+    }
+    // Ahead of the user's options, which thus win.
+    std::string tabular = "--benchmark_counters_tabular=true";
+    arguments.insert(arguments.begin() + 1, tabular.data());
+    int count = static_cast<int>(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 2;
+
+    using namespace tesk::benchmarks;
+    benchmark::AddCustomContext("peers", listPeers());
+    addDistanceQueries();
+    addTreeBuilding();
+    addTreeSearch(closePairLimit);
+    addObjectObject(closePairLimit);
+    addPointObject();
+    benchmark::RunSpecifiedBenchmarks();
+    return hasDisagreement() ? 1 : 0;
+}

@@ -1,0 +1,73 @@
+#include <benchmarks/Pairs.h>
+
+#include <benchmarks/Comparison.h>
+#include <benchmarks/Works.h>
+
+#include <OpenSG/OSGMatrix.h>
+
+#include <algorithm>
+
+namespace tesk::benchmarks {
+
+namespace {
+
+const Shape sphere{"sphere", test::sphere};
+const Shape torus{"torus", test::torus};
+const Shape bumpySphere{"bumpySphere", test::bumpySphere};
+
+/// A quarter turn about the x axis and one tube radius along it: a torus becomes the next link of a chain.
+const osg::Matrix nextLink(1, 0, 0, 1, 0, 0, -1, 0, 0, 1, 0, 0, 0, 0, 0, 1);
+
+float findLongestEdge(const test::Mesh& mesh) {
+    float longest = 0.0f;
+    for (std::size_t i = 0; i < mesh.indices.size(); i += 3) {
+        for (std::size_t corner = 0; corner < 3; ++corner) {
+            const osg::Pnt3f& start = mesh.positions[mesh.indices[i + corner]];
+            const osg::Pnt3f& end = mesh.positions[mesh.indices[i + (corner + 1) % 3]];
+            longest = std::max(longest, start.dist(end));
+        }
+    }
+    return longest;
+}
+
+} // namespace
+
+const std::vector<Shape> shapes{sphere, torus, bumpySphere};
+
+const std::vector<Pair> pairs{
+    {"apart", sphere, bumpySphere, test::translated(1.5f, 1.5f, 0.75f)},
+    {"near", torus, bumpySphere, test::translated(2.4f, 0, 0)},
+    {"touching", sphere, sphere, test::translated(2, 0, 0)},
+    {"nested", bumpySphere, sphere, test::scaled(0.86f), true},
+    {"interlocked", torus, torus, nextLink, true},
+};
+
+PlacedMesh::PlacedMesh(const Shape& shape, std::size_t triangleCount, const osg::Matrix& placement)
+    : world(shape.create(triangleCount)) {
+    geometry = test::geometry(world);
+    object = test::transform(placement, {geometry});
+    for (osg::Pnt3f& position : world.positions) placement.multMatrixPnt(osg::Pnt3f(position), position);
+    longestEdge = findLongestEdge(world);
+}
+
+PlacedPair::PlacedPair(const Pair& pair, std::size_t triangleCount)
+    : first(pair.first, triangleCount, test::translated(0, 0, 0)), second(pair.second, triangleCount, pair.placement),
+      root(test::group({first.object, second.object})), longestEdge(std::max(first.longestEdge, second.longestEdge)) {}
+
+void addPairRows(const std::string& work, std::size_t closePairLimit,
+                 void (*measure)(benchmark::State& state, const Pair& pair, std::size_t triangleCount)) {
+    for (const std::size_t count : triangleCounts) {
+        for (const Pair& pair : pairs) {
+            const std::string name = work + "/" + pair.name + "/" + std::to_string(count);
+            if (pair.fitsClosely && count > closePairLimit) {
+                benchmark::RegisterBenchmark(name.c_str(), skip, "the plain search takes minutes")->Iterations(1);
+            } else {
+                benchmark::RegisterBenchmark(name.c_str(), measure, pair, count)
+                    ->Unit(benchmark::kMillisecond)
+                    ->Iterations(repetitionsFor(count));
+            }
+        }
+    }
+}
+
+} // namespace tesk::benchmarks

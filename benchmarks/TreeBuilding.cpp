@@ -1,0 +1,43 @@
+#include <benchmarks/Comparison.h>
+#include <benchmarks/Pairs.h>
+#include <benchmarks/Peers.h>
+#include <benchmarks/Works.h>
+
+#include <measurement/scene/BoundingVolumeTree.h>
+
+#include <optional>
+
+namespace tesk::benchmarks {
+
+namespace {
+
+/// One tree of one object: ours from the scene, the peers' from their own arrays.
+void measureBuilding(benchmark::State& state, const Shape& shape, std::size_t triangleCount) {
+    const PlacedMesh mesh(shape, triangleCount, test::translated(1, 2, 3));
+    const MeshDistancePeers peers = createMeshDistancePeers({mesh.world});
+    std::optional<measurement::BoundingVolumeTree> tree;
+    std::vector<Contestant> contestants{
+        {"ours", [&] { tree.emplace().build(mesh.object, true); }, [&] { tree.reset(); }}};
+    for (const auto& peer : peers)
+        contestants.push_back({peer->getName(), [&peer] { peer->build(); }, [&peer] { peer->clear(); }});
+
+    const HeapGrowths growths = compare(state, contestants);
+    const auto triangles = static_cast<double>(mesh.world.indices.size() / 3);
+    for (std::size_t i = 0; i < contestants.size(); ++i)
+        state.counters[contestants[i].name + "_B/tri"] = static_cast<double>(growths[i]) / triangles;
+}
+
+} // namespace
+
+void addTreeBuilding() {
+    for (const std::size_t count : triangleCounts) {
+        for (const Shape& shape : shapes) {
+            const std::string name = std::string("TreeBuilding/") + shape.name + "/" + std::to_string(count);
+            benchmark::RegisterBenchmark(name.c_str(), measureBuilding, shape, count)
+                ->Unit(benchmark::kMillisecond)
+                ->Iterations(repetitionsFor(count));
+        }
+    }
+}
+
+} // namespace tesk::benchmarks
