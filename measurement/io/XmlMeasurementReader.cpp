@@ -98,24 +98,30 @@ void XmlMeasurementReader::readObjectObjectMeasurement(const QDomElement& elemen
 }
 
 void XmlMeasurementReader::readPointPointMeasurement(const QDomElement& element, MeasurementManager* manager) {
+    const osg::NodePtr node1 = findNode(element, "node1");
+    const osg::NodePtr node2 = findNode(element, "node2");
     PointPointMeasurement* const measurement = manager->createPointPointMeasurement();
-    measurement->setPoint1(findNode(element, "node1"), readPoint(element, "Point1"));
-    measurement->setPoint2(findNode(element, "node2"), readPoint(element, "Point2"));
+    measurement->setPoint1(node1, readPoint(element, "Point1"));
+    measurement->setPoint2(node2, readPoint(element, "Point2"));
     setTexts(*measurement, element);
 }
 
 void XmlMeasurementReader::readCircleMeasurement(const QDomElement& element, MeasurementManager* manager) {
+    const osg::NodePtr node1 = findNode(element, "node1");
+    const osg::NodePtr node2 = findNode(element, "node2");
+    const osg::NodePtr node3 = findNode(element, "node3");
     CircleMeasurement* const measurement = manager->createCircleMeasurement();
-    measurement->setPoint1(findNode(element, "node1"), readPoint(element, "Point1"));
-    measurement->setPoint2(findNode(element, "node2"), readPoint(element, "Point2"));
-    measurement->setPoint3(findNode(element, "node3"), readPoint(element, "Point3"));
+    measurement->setPoint1(node1, readPoint(element, "Point1"));
+    measurement->setPoint2(node2, readPoint(element, "Point2"));
+    measurement->setPoint3(node3, readPoint(element, "Point3"));
     setTexts(*measurement, element);
 }
 
 void XmlMeasurementReader::readPointObjectMeasurement(const QDomElement& element, MeasurementManager* manager) {
+    const osg::NodePtr node1 = findNode(element, "node1");
     const osg::NodePtr node2 = findNode(element, "node2");
     PointObjectMeasurement* const measurement = manager->createPointObjectMeasurement();
-    measurement->setPoint(findNode(element, "node1"), readPoint(element, "Point1"));
+    measurement->setPoint(node1, readPoint(element, "Point1"));
     measurement->setNode(node2);
     measurement->setName(readName(element));
     measurement->setNodePath2(AbstractMeasurement::createNodePath(node2));

@@ -12,17 +12,16 @@ namespace tesk::measurement {
 /// measured anew from its nodes and points, which is what loading costs. Where a node is not found, the measurement is
 /// there all the same, with the value that its kind has without the node.
 ///
-/// Measurements between points and circles keep their saved names, point-object ones too. The others are named after
-/// their nodes as soon as both are found, and keep the saved name otherwise. An element without the attribute "name"
-/// has the description for a name.
+/// Point-point, point-object and circle measurements keep their saved names. The others are named after their nodes if
+/// both are found, and keep the saved name otherwise. An element without the attribute "name" has the description for
+/// a name.
 ///
 /// What the format does not have is skipped; numbers that cannot be read are 0, and so are points that are missing. The
 /// name of the root does not matter. A sample distance that is missing is 10.
 ///
 /// Nothing at all is loaded from a device that does not hold well-formed XML, and from a document that could harm the
-/// process: one that declares entities or attributes of its own, nests deeper than 64 elements, has a tag with more
-/// than a thousand attributes, or is larger than 256 MB or 16 million nodes, attributes counted twice. The latter holds
-/// about a million samples.
+/// process: one that has declarations in its DOCTYPE, nests deeper than 64 elements, has a tag with more than 64
+/// attributes, or is larger than 256 MB or 16 million nodes, attributes counted twice. About a million samples fit in.
 ///
 /// \code
 /// QFile file("clearances.xml");

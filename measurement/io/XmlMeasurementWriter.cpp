@@ -13,6 +13,7 @@
 #include <QIODevice>
 
 #include <algorithm>
+#include <iterator>
 
 namespace tesk::measurement {
 
@@ -26,8 +27,9 @@ bool isForbidden(QChar character) {
 
 QString toXmlText(const std::string& text) {
     // A leading U+FEFF is a character of the text; only at the very start would Qt take it for a byte order mark.
-    QString result = QString::fromStdString('-' + text).mid(1);
-    result.erase(std::remove_if(result.begin(), result.end(), isForbidden), result.end());
+    const QString all = QString::fromStdString('-' + text).mid(1);
+    QString result;
+    std::remove_copy_if(all.begin(), all.end(), std::back_inserter(result), isForbidden);
     return result;
 }
 

@@ -1,5 +1,7 @@
 #include <platform/tkNodeUtils.h>
 
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGNodeCore.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <support/Scenes.h>

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGNodePtr.h>
+#include <OpenSG/OSGRefPtr.h>
 
 #include <measurement/geometry/Primitives.h>
 

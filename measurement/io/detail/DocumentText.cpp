@@ -12,7 +12,7 @@ namespace {
 constexpr int maximumByteCount = 1 << 28;
 constexpr int maximumNodeCount = 1 << 24;
 constexpr int maximumDepth = 64;
-constexpr int maximumAttributeCount = 1000;
+constexpr int maximumAttributeCount = 64;
 
 /// One byte too many is enough to tell that there are too many, also from a device without end.
 std::optional<QByteArray> readBytes(QIODevice& device) {
@@ -44,7 +44,16 @@ std::optional<QString> decode(const QByteArray& bytes) {
     return text;
 }
 
-/// Whether what looks like a tag has very many attributes. The parser compares every attribute of an element with every
+/// Entities expand without bound, attributes get into every element of their name, and the DOM's parser recurses into
+/// the parentheses of an element's declaration. Looked for in the bare text, so that it does not matter how a parser
+/// understands what stands around it.
+bool hasDeclaration(const QString& text) {
+    for (const char* start : {"<!ENTITY", "<!ATTLIST", "<!ELEMENT", "<!NOTATION"})
+        if (text.contains(start)) return true;
+    return false;
+}
+
+/// Whether what looks like a tag has too many attributes. The parser compares every attribute of an element with every
 /// other before it hands out the element, so that it has to be known beforehand. Each attribute has an opening quote.
 bool hasCrowdedTag(const QString& text) {
     bool isInTag = false;
@@ -97,9 +106,7 @@ std::optional<QString> readDocumentText(QIODevice& device) {
     if (!bytes) return std::nullopt;
     auto text = decode(*bytes);
     if (!text) return std::nullopt;
-    // Looked for in the bare text, so that it does not matter how a parser understands what stands around them.
-    if (text->contains("<!ENTITY") || text->contains("<!ATTLIST")) return std::nullopt;
-    if (hasCrowdedTag(*text) || !isWellFormedWithinLimits(*text)) return std::nullopt;
+    if (hasDeclaration(*text) || hasCrowdedTag(*text) || !isWellFormedWithinLimits(*text)) return std::nullopt;
     return text;
 }
 

@@ -14,7 +14,6 @@ public:
     explicit GeometryPositions(const osg::GeometryPtr& geometry);
 
     bool isEmpty() const { return count == 0; }
-    osg::UInt32 size() const { return count; }
     bool contains(osg::Int32 index) const { return index >= 0 && static_cast<osg::UInt32>(index) < count; }
     osg::Pnt3f operator[](osg::Int32 index) const {
         const auto i = static_cast<osg::UInt32>(index);

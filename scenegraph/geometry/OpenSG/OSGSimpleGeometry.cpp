@@ -103,42 +103,49 @@ void addRectangle(Shape& shape, const Vec3f& normal, const Pnt3f& corner, const 
     addStripPerRow(shape, lattice);
 }
 
-/// A triangle of an icosahedron, refined on the unit sphere.
-void addRefined(Shape& shape, UInt32 a, UInt32 b, UInt32 c, UInt32 depth) {
-    if (depth == 0) {
-        for (const UInt32 vertex : {a, b, c}) shape.indices.push_back(vertex);
-        return;
-    }
-    const auto addMidpoint = [&](UInt32 start, UInt32 end) {
+/// A sphere that grows from an icosahedron.
+struct SphereShape : Shape {
+    Real32 radius;
+
+    explicit SphereShape(Real32 newRadius) : radius(newRadius) {}
+
+    UInt32 addMidpoint(UInt32 start, UInt32 end) {
         // Not the same to the bit from the end to the start, so neighbours do not share it.
-        Vec3f middle = shape.normals[start] + (shape.normals[end] - shape.normals[start]) * 0.5f;
+        Vec3f middle(positions[start] + (positions[end] - positions[start]) * 0.5f);
         middle.normalize();
-        shape.normals.push_back(middle);
-        return shape.normals.getSize() - 1;
-    };
-    const UInt32 ab = addMidpoint(a, b);
-    const UInt32 bc = addMidpoint(b, c);
-    const UInt32 ca = addMidpoint(c, a);
-    addRefined(shape, a, ab, ca, depth - 1);
-    addRefined(shape, b, bc, ab, depth - 1);
-    addRefined(shape, c, ca, bc, depth - 1);
-    addRefined(shape, ab, bc, ca, depth - 1);
-}
+        normals.push_back(middle);
+        positions.push_back(middle.addToZero() * radius);
+        return positions.getSize() - 1;
+    }
+    void addRefined(UInt32 a, UInt32 b, UInt32 c, UInt32 depth) {
+        if (depth == 0) {
+            for (const UInt32 vertex : {a, b, c}) indices.push_back(vertex);
+            return;
+        }
+        const UInt32 ab = addMidpoint(a, b);
+        const UInt32 bc = addMidpoint(b, c);
+        const UInt32 ca = addMidpoint(c, a);
+        addRefined(a, ab, ca, depth - 1);
+        addRefined(b, bc, ab, depth - 1);
+        addRefined(c, ca, bc, depth - 1);
+        addRefined(ab, bc, ca, depth - 1);
+    }
+};
 
 /// Rounded as the scene graph's spheres always were: the poles of the x axis are not quite on it.
 const Vec3f icosahedronVertices[] = {
-    {1.0f, 0.0f, -1.19209304e-07f},
-    {0.447213531f, 0.0f, -0.894427299f},
-    {-0.447213531f, 0.0f, 0.894427299f},
-    {-1.0f, 0.0f, 1.19209304e-07f},
-    {0.44721359f, 0.850650907f, -0.276393265f},
-    {-0.44721359f, 0.850650907f, 0.276393265f},
-    {0.44721359f, -0.850650907f, -0.276393265f},
-    {-0.44721359f, -0.850650907f, 0.276393265f},
-    {-0.447213709f, 0.525731146f, -0.723606765f},
-    {0.447213709f, 0.525731146f, 0.723606765f},
-    {-0.447213709f, -0.525731146f, -0.723606765f},
-    {0.447213709f, -0.525731146f, 0.723606765f},
+    {0.99999994f, 0.0f, -1.1920929e-07f},
+    {0.447213471f, 0.0f, -0.89442718f},
+    {-0.447213471f, 0.0f, 0.89442718f},
+    {-0.99999994f, 0.0f, 1.1920929e-07f},
+    {0.447213531f, 0.850650787f, -0.276393235f},
+    {-0.447213531f, 0.850650787f, 0.276393235f},
+    {0.447213531f, -0.850650787f, -0.276393235f},
+    {-0.447213531f, -0.850650787f, 0.276393235f},
+    {-0.44721365f, 0.525731087f, -0.723606706f},
+    {0.44721365f, 0.525731087f, 0.723606706f},
+    {-0.44721365f, -0.525731087f, -0.723606706f},
+    {0.44721365f, -0.525731087f, 0.723606706f},
 };
 
 constexpr UInt8 icosahedronTriangles[][3] = {
@@ -149,7 +156,7 @@ constexpr UInt8 icosahedronTriangles[][3] = {
 
 /// Longitude round the y axis and latitude, both from 0 to 1.
 Vec2f sphereTexCoord(const Vec3f& normal) {
-    return Vec2f(0.5f + std::atan2(normal[0], normal[2]) / (2.0f * Pi), 0.5f + std::asin(normal[1]) / Pi);
+    return Vec2f(0.5f + std::atan2(normal[0], normal[2]) / (2.0f * Pi), (Pi - std::acos(normal[1])) / Pi);
 }
 
 /// Texture coordinates, where the longitude of a corner on its seam depends on the triangle.
@@ -177,14 +184,15 @@ void addSphereTexCoords(Shape& shape) {
 void addConicalSide(Shape& shape, Real32 height, Real32 topRadius, Real32 bottomRadius, UInt32 sides) {
     const Real32 step = 2.0f * Pi / static_cast<Real32>(sides);
     const Real32 slope = (bottomRadius - topRadius) / height;
-    const Real32 normalLength = osgsqrt(1.0f + slope * slope);
+    // Deliberate: the normals of a cone come out longer than 1; those of a cylinder have length 1.
+    const Real32 divisor = 1.0f / osgsqrt(1.0f + slope * slope);
     const Lattice lattice{shape.positions.getSize(), sides, 1};
     for (const bool top : {true, false}) {
         const Real32 radius = top ? topRadius : bottomRadius;
         for (UInt32 side = 0; side <= sides; ++side) {
             const Real32 x = osgsin(static_cast<Real32>(side) * step);
             const Real32 z = -osgcos(static_cast<Real32>(side) * step);
-            const Vec3f normal(x / normalLength, slope / normalLength, z / normalLength);
+            const Vec3f normal(x / divisor, slope / divisor, z / divisor);
             shape.addVertex(Pnt3f(x * radius, height * (top ? 0.5f : -0.5f), z * radius), normal,
                             Vec2f(1.0f - fraction(side, sides), top ? 1.0f : 0.0f));
         }
@@ -200,8 +208,9 @@ void addCap(Shape& shape, Real32 y, Real32 radius, UInt32 sides) {
     for (UInt32 side = sides; side-- > 0;) {
         const Real32 x = osgsin(static_cast<Real32>(side) * step);
         const Real32 z = -osgcos(static_cast<Real32>(side) * step);
-        shape.addVertex(Pnt3f(x * radius, y, z * radius), Vec3f(0.0f, facing, 0.0f),
-                        Vec2f((x + 1.0f) * 0.5f, (1.0f - facing * z) * 0.5f));
+        const Pnt3f position(x * radius, y, z * radius);
+        shape.addVertex(position, Vec3f(0.0f, facing, 0.0f),
+                        Vec2f((position[0] / radius + 1.0f) * 0.5f, (1.0f - facing * position[2] / radius) * 0.5f));
     }
     for (UInt32 i = 0; i < sides; ++i) shape.indices.push_back(first + (facing > 0.0f ? i : sides - 1 - i));
     shape.addPrimitive(GL_POLYGON, sides);
@@ -246,11 +255,15 @@ GeometryPtr makeBoxGeo(Real32 xsize, Real32 ysize, Real32 zsize, UInt16 hor, UIn
 GeometryPtr makeSphereGeo(UInt16 depth, Real32 radius) {
     constexpr UInt16 largestDepth = 10;
     if (depth > largestDepth) return NullFC;
-    Shape shape;
-    shape.normals.assign(std::begin(icosahedronVertices), std::end(icosahedronVertices));
-    for (const auto& [a, b, c] : icosahedronTriangles) addRefined(shape, a, b, c, depth);
+    SphereShape shape(radius);
+    for (const Vec3f& vertex : icosahedronVertices) {
+        Vec3f normal = vertex;
+        normal.normalize();
+        shape.normals.push_back(normal);
+        shape.positions.push_back(vertex.addToZero() * (radius / vertex.length()));
+    }
+    for (const auto& [a, b, c] : icosahedronTriangles) shape.addRefined(a, b, c, depth);
     shape.addPrimitive(GL_TRIANGLES, shape.indices.getSize());
-    for (const Vec3f& normal : shape.normals) shape.positions.push_back(normal.addToZero() * radius);
     addSphereTexCoords(shape);
     return toGeometry(shape, {Geometry::MapPosition | Geometry::MapNormal, Geometry::MapTexCoords});
 }

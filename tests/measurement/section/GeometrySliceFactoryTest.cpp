@@ -1,5 +1,7 @@
 #include <measurement/section/GeometrySliceFactory.h>
 
+#include <OpenSG/OSGQuaternion.h>
+
 #include <scenegraph/geometry/Geometries.h>
 #include <support/BruteForce.h>
 #include <support/Primitives.h>

@@ -1,92 +1,56 @@
 #pragma once
 
-#include <OpenSG/OSGVector.h>
+#include <support/Random.h>
 
-#include <array>
 #include <cmath>
+#include <map>
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace tesk::test {
 
-/// A place on the way from one numbered point to another, t from 0 to 1.
+/// A place between two numbered points.
 struct PlainPlace {
-    int from = 0;
-    int to = 0;
-    double t = 0.0;
-
+    int from, to;
+    double t;
     PlainPlace turned() const { return {to, from, 1.0 - t}; }
 };
 
-/// Lines between numbered points, walked in double precision by the angles between them. A walk has no result where
-/// rounding may decide how it goes on.
+/// Lines between numbered points, walked by adding up lengths.
 struct PlainGraph {
     std::vector<osg::Pnt3f> points;
-    std::vector<std::pair<int, int>> lines;
+    std::vector<std::pair<int, int>> lines{{0, 5}};
 
-    using Vector = std::array<double, 3>;
+    explicit PlainGraph(Random& random) {
+        for (int i = 0; i < 6; ++i) points.push_back(random.point(5.0f));
+        for (int i = 6; i < 36; ++i)
+            if (i % 6 < i / 6 && random.chance(0.4f) && i != 30) lines.emplace_back(i / 6, i % 6);
+    }
+    osg::Pnt3f at(const PlainPlace& p) const { return points[p.from] + (points[p.to] - points[p.from]) * float(p.t); }
 
-    Vector vector(int a, int b) const {
-        const auto axis = [&](osg::UInt32 i) { return double(points[size_t(b)][i]) - double(points[size_t(a)][i]); };
-        return {axis(0), axis(1), axis(2)};
-    }
-    double length(int a, int b) const {
-        const Vector v = vector(a, b);
-        return std::hypot(v[0], v[1], v[2]);
-    }
-    double angle(const Vector& a, const Vector& b) const {
-        const double cross =
-            std::hypot(a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]);
-        return std::atan2(cross, a[0] * b[0] + a[1] * b[1] + a[2] * b[2]);
-    }
-    osg::Pnt3f position(const PlainPlace& p) const {
-        return points[size_t(p.from)] + (points[size_t(p.to)] - points[size_t(p.from)]) * float(p.t);
-    }
-
-    /// The point after `to` with the smallest turn, -1 at a dead end.
-    std::optional<int> next(int from, int to) const {
-        int best = -1;
-        double smallest = 10.0, margin = 10.0;
+    /// Where a walk goes on: -1 at a dead end.
+    int next(const PlainPlace& p) const {
+        // Of unit vectors, those most nearly alike have the longest sum.
+        const auto unit = [&](int a, int b) { return (points[b] - points[a]) * (1.0f / points[a].dist(points[b])); };
+        std::map<float, int> ways{{-1.0f, -1}};
         for (const auto& [a, b] : lines) {
-            const int other = a == to ? b : b == to ? a : from;
-            if (other == from || other == best) continue;
-            const double turn = angle(vector(from, to), vector(to, other));
-            margin = std::min(std::fabs(turn - smallest), turn < smallest ? 10.0 : margin);
-            if (turn < smallest) {
-                smallest = turn;
-                best = other;
-            }
+            const int other = a == p.to ? b : b == p.to ? a : p.from;
+            if (other != p.from) ways[(unit(p.from, p.to) + unit(p.to, other)).length()] = other;
         }
-        if (margin < 1e-3) return std::nullopt;
-        return best;
+        return ways.rbegin()->second;
     }
 
-    /// Whether the place counts as a dead end already.
-    std::optional<bool> isAtEnd(const PlainPlace& place) const {
-        const auto after = next(place.from, place.to);
-        if (!after || (*after < 0 && std::fabs(place.t - 0.95) < 1e-4)) return std::nullopt;
-        return *after < 0 && place.t > 0.95;
-    }
-
-    /// Moves the place; false when it was at a dead end, or mayEnter(place) says so on a further edge.
-    template <class Predicate>
-    std::optional<bool> walk(PlainPlace& place, double distance, const Predicate& mayEnter) const {
-        const auto atEnd = isAtEnd(place);
-        if (!atEnd || *atEnd) return atEnd ? std::optional(false) : std::nullopt;
+    /// False at a dead end, or where mayEnter(place) says so. Nothing where rounding may decide how far it gets.
+    template <class Predicate> std::optional<bool> walk(PlainPlace& p, double distance, Predicate mayEnter) const {
+        if (p.t >= 0.95 && next(p) < 0) return false;
         for (;;) {
-            const double edge = length(place.from, place.to), rest = (1.0 - place.t) * edge;
-            if (std::fabs(rest - distance) < 1e-3) return std::nullopt;
-            if (distance < rest) {
-                place.t += distance / edge;
-                return true;
-            }
+            const double length = points[p.from].dist(points[p.to]), rest = (1.0 - p.t) * length;
+            if (std::abs(rest - distance) < 1e-3) return std::nullopt;
+            p.t = distance < rest ? p.t + distance / length : 1.0;
+            if (distance < rest || next(p) < 0) return true;
             distance -= rest;
-            const auto after = next(place.from, place.to);
-            if (!after) return std::nullopt;
-            place = *after < 0 ? PlainPlace{place.from, place.to, 1.0} : PlainPlace{place.to, *after, 0.0};
-            if (*after < 0) return true;
-            if (!mayEnter(place)) return false;
+            p = {p.to, next(p), 0.0};
+            if (!mayEnter(p)) return false;
         }
     }
 };
