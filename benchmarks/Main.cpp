@@ -1,11 +1,12 @@
 #include <benchmarks/Comparison.h>
 #include <benchmarks/Peers.h>
+#include <benchmarks/TableReporter.h>
 #include <benchmarks/Works.h>
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <charconv>
-#include <cstring>
 #include <iostream>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,7 @@
 namespace {
 
 constexpr std::string_view limitOption = "--close_pair_limit=";
+constexpr std::string_view formatOption = "--benchmark_format=";
 
 /// Takes the option out of the arguments. False when its value is no number.
 bool takeClosePairLimit(std::vector<char*>& arguments, std::size_t& limit) {
@@ -33,12 +35,12 @@ int main(int argc, char** argv) {
     std::vector<char*> arguments(argv, argv + argc);
     std::size_t closePairLimit = 100'000;
     if (!takeClosePairLimit(arguments, closePairLimit)) {
-        std::cerr << limitOption << " wants a number of triangles\n";
+        std::cerr << limitOption << "N: N is a number of triangles\n";
         return 2;
     }
-    // Ahead of the user's options, which thus win.
-    std::string tabular = "--benchmark_counters_tabular=true";
-    arguments.insert(arguments.begin() + 1, tabular.data());
+    const bool namesFormat = std::any_of(arguments.begin(), arguments.end(), [](const char* argument) {
+        return std::string_view(argument).substr(0, formatOption.size()) == formatOption;
+    });
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 2;
@@ -50,6 +52,7 @@ int main(int argc, char** argv) {
     addTreeSearch(closePairLimit);
     addObjectObject(closePairLimit);
     addPointObject();
-    benchmark::RunSpecifiedBenchmarks();
+    TableReporter table;
+    benchmark::RunSpecifiedBenchmarks(namesFormat ? benchmark::CreateDefaultDisplayReporter() : &table);
     return hasDisagreement() ? 1 : 0;
 }

@@ -15,8 +15,8 @@ const Shape sphere{"sphere", test::sphere};
 const Shape torus{"torus", test::torus};
 const Shape bumpySphere{"bumpySphere", test::bumpySphere};
 
-/// A quarter turn about the x axis and one tube radius along it: a torus becomes the next link of a chain.
-const osg::Matrix nextLink(1, 0, 0, 1, 0, 0, -1, 0, 0, 1, 0, 0, 0, 0, 0, 1);
+/// A quarter turn about the x axis, and along it until the tubes almost meet: a torus becomes the next link of a chain.
+const osg::Matrix nextLink(1, 0, 0, 1.25f, 0, 0, -1, 0, 0, 1, 0, 0, 0, 0, 0, 1);
 
 float findLongestEdge(const test::Mesh& mesh) {
     float longest = 0.0f;

@@ -35,7 +35,9 @@ std::string listPeers() {
 #ifdef TESK_BENCHMARK_CGAL
     names += "CGAL ";
 #endif
-    return names.empty() ? "none" : names;
+    if (names.empty()) return "none";
+    names.pop_back();
+    return names;
 }
 
 } // namespace tesk::benchmarks

@@ -38,7 +38,7 @@ using PointDistancePeers = std::vector<std::unique_ptr<PointDistancePeer>>;
 MeshDistancePeers createMeshDistancePeers(const std::vector<test::Mesh>& meshes);
 PointDistancePeers createPointDistancePeers(const test::Mesh& mesh);
 
-/// "FCL, CGAL", or "none".
+/// "FCL CGAL", or "none".
 std::string listPeers();
 
 } // namespace tesk::benchmarks

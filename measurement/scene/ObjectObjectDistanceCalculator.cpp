@@ -21,7 +21,7 @@ std::vector<osg::NodePtr> enumerateChildren(const osg::NodePtr& node) {
 
 bool hasVolume(const osg::NodePtr& node) { return node != osg::NullFC && !detail::getWorldBox(node).isEmpty; }
 
-bool hasNoChildren(const osg::NodePtr& node) { return node->getMFChildren()->size() == 0; }
+bool hasNoChildren(const osg::NodePtr& node) { return node->getMFChildren()->empty(); }
 
 } // namespace
 

@@ -15,11 +15,7 @@ class OSG_SYSTEMLIB_DLLMAPPING Attachment : public FieldContainer {
     OSG_ABSTRACT_CONTAINER(Attachment, FieldContainer)
 
 public:
-    enum : UInt32 {
-        ParentsFieldId = Inherited::NextFieldId,
-        InternalFieldId,
-        NextFieldId
-    };
+    enum : UInt32 { ParentsFieldId = Inherited::NextFieldId, InternalFieldId, NextFieldId };
     static constexpr BitVector ParentsFieldMask = fieldMask(ParentsFieldId);
     static constexpr BitVector InternalFieldMask = fieldMask(InternalFieldId);
 

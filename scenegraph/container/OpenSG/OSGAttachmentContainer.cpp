@@ -53,9 +53,8 @@ AttachmentPtr AttachmentContainer::findAttachment(UInt32 groupId, UInt16 binding
 }
 
 std::vector<AttachmentContainer::Entry>::iterator AttachmentContainer::findEntry(UInt32 groupId, UInt16 binding) {
-    return std::find_if(entries.begin(), entries.end(), [&](const Entry& entry) {
-        return entry.groupId == groupId && entry.binding == binding;
-    });
+    return std::find_if(entries.begin(), entries.end(),
+                        [&](const Entry& entry) { return entry.groupId == groupId && entry.binding == binding; });
 }
 
 void AttachmentContainer::removeEntry(std::vector<Entry>::iterator entry) {

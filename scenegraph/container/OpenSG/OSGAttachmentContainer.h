@@ -11,10 +11,7 @@ class OSG_SYSTEMLIB_DLLMAPPING AttachmentContainer : public FieldContainer {
     OSG_ABSTRACT_CONTAINER(AttachmentContainer, FieldContainer)
 
 public:
-    enum : UInt32 {
-        AttachmentsFieldId = Inherited::NextFieldId,
-        NextFieldId
-    };
+    enum : UInt32 { AttachmentsFieldId = Inherited::NextFieldId, NextFieldId };
     static constexpr BitVector AttachmentsFieldMask = fieldMask(AttachmentsFieldId);
 
     /// Replaces, and releases, the attachment of the same group and binding; null is ignored.

@@ -9,8 +9,7 @@
 namespace osg {
 
 /// A field of one value.
-template <class T>
-class SField {
+template <class T> class SField {
 public:
     SField() = default;
     explicit SField(const T& initial) : value(initial) {}
@@ -24,8 +23,7 @@ private:
 };
 
 /// A field of many values in contiguous storage; no range checks.
-template <class T>
-class MField : public std::vector<T> {
+template <class T> class MField : public std::vector<T> {
 public:
     using std::vector<T>::vector;
     using typename std::vector<T>::iterator;

@@ -68,16 +68,13 @@ public:
 };
 
 /// Records the edit's begin; nothing observable.
-OSG_SYSTEMLIB_DLLMAPPING void beginEditCP(const FieldContainerPtr& container,
-                                          BitVector mask = FieldBits::AllFields,
+OSG_SYSTEMLIB_DLLMAPPING void beginEditCP(const FieldContainerPtr& container, BitVector mask = FieldBits::AllFields,
                                           UInt32 origin = ChangedOrigin::External);
 /// Records the change in the change list, then notifies the object.
-OSG_SYSTEMLIB_DLLMAPPING void endEditCP(const FieldContainerPtr& container,
-                                        BitVector mask = FieldBits::AllFields,
+OSG_SYSTEMLIB_DLLMAPPING void endEditCP(const FieldContainerPtr& container, BitVector mask = FieldBits::AllFields,
                                         UInt32 origin = ChangedOrigin::External);
 /// Only notifies the object.
-OSG_SYSTEMLIB_DLLMAPPING void changedCP(const FieldContainerPtr& container,
-                                        BitVector mask = FieldBits::AllFields,
+OSG_SYSTEMLIB_DLLMAPPING void changedCP(const FieldContainerPtr& container, BitVector mask = FieldBits::AllFields,
                                         UInt32 origin = ChangedOrigin::External);
 /// Only records the change.
 OSG_SYSTEMLIB_DLLMAPPING void endEditNotChangedCP(const FieldContainerPtr& container,
@@ -122,7 +119,7 @@ private:
 #define OSG_CONTAINER(CLASS, PARENT)                                                                                   \
     OSG_ABSTRACT_CONTAINER(CLASS, PARENT)                                                                              \
 public:                                                                                                                \
-    /** A new object without references; null before osgInit(). */                                                    \
+    /** A new object without references; null before osgInit(). */                                                     \
     static CLASS##Ptr create();                                                                                        \
                                                                                                                        \
 private:

@@ -55,8 +55,7 @@ public:
 };
 
 /// Pointer to a container of type Class. The pointer classes derive from each other as the container classes do.
-template <class BasePtr, class Class>
-class FCPtr : public BasePtr {
+template <class BasePtr, class Class> class FCPtr : public BasePtr {
 public:
     FCPtr() = default;
     FCPtr(const NullFieldContainerPtr&) {}
@@ -67,8 +66,7 @@ public:
     Class* getCPtr() const { return static_cast<Class*>(this->object); }
 
     /// The same object as a pointer of this type; null when it is null or not of this class.
-    template <class Ptr>
-    static FCPtr dcast(const Ptr& pointer) {
+    template <class Ptr> static FCPtr dcast(const Ptr& pointer) {
         static_assert(std::is_base_of_v<FieldContainerPtrBase, Ptr>, "pass a container pointer, not a RefPtr");
         FCPtr result;
         if (ContainerAccess::isDerivedFrom(pointer, Class::getClassType()))
@@ -77,8 +75,7 @@ public:
     }
 };
 
-template <class ResultPtr, class Ptr>
-ResultPtr dynamic_fcptr_cast(const Ptr& pointer) {
+template <class ResultPtr, class Ptr> ResultPtr dynamic_fcptr_cast(const Ptr& pointer) {
     return ResultPtr::dcast(pointer);
 }
 
@@ -89,15 +86,13 @@ OSG_SYSTEMLIB_DLLMAPPING void addRefCP(const FieldContainerPtrBase& pointer);
 /// Releases a reference and destroys the object when none is left; then the passed pointer becomes null.
 OSG_SYSTEMLIB_DLLMAPPING void subRefCP(const FieldContainerPtrBase& pointer);
 
-template <class Ptr>
-void clearRefCP(Ptr& pointer) {
+template <class Ptr> void clearRefCP(Ptr& pointer) {
     subRefCP(pointer);
     pointer = NullFC;
 }
 
 /// Releases the old object, then refers to the new one; nothing when they are the same.
-template <class Ptr, class OtherPtr>
-void setRefdCP(Ptr& pointer, const OtherPtr& other) {
+template <class Ptr, class OtherPtr> void setRefdCP(Ptr& pointer, const OtherPtr& other) {
     if (pointer == other) return;
     subRefCP(pointer);
     pointer = other;

@@ -5,8 +5,7 @@
 namespace osg {
 
 /// A pointer that holds a reference to its object.
-template <class PtrType>
-class RefPtr {
+template <class PtrType> class RefPtr {
 public:
     typedef PtrType Ptr;
 

@@ -14,10 +14,7 @@ class OSG_SYSTEMLIB_DLLMAPPING Name : public Attachment {
     OSG_CONTAINER(Name, Attachment)
 
 public:
-    enum : UInt32 {
-        SimpleFieldId = Inherited::NextFieldId,
-        NextFieldId
-    };
+    enum : UInt32 { SimpleFieldId = Inherited::NextFieldId, NextFieldId };
     static constexpr BitVector SimpleFieldMask = fieldMask(SimpleFieldId);
 
     SFString* getFieldPtr() { return &text; }

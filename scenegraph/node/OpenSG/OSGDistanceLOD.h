@@ -14,11 +14,7 @@ class OSG_SYSTEMLIB_DLLMAPPING DistanceLOD : public Group {
     OSG_CONTAINER(DistanceLOD, Group)
 
 public:
-    enum : UInt32 {
-        CenterFieldId = Inherited::NextFieldId,
-        RangeFieldId,
-        NextFieldId
-    };
+    enum : UInt32 { CenterFieldId = Inherited::NextFieldId, RangeFieldId, NextFieldId };
     static constexpr BitVector CenterFieldMask = fieldMask(CenterFieldId);
     static constexpr BitVector RangeFieldMask = fieldMask(RangeFieldId);
 

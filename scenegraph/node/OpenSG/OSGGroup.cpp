@@ -23,8 +23,8 @@ void Transform::accumulateMatrix(Matrix& result) { result.mult(getMatrix()); }
 void Transform::adjustVolume(Volume& volume) { volume.transform(getMatrix()); }
 
 void ComponentTransform::changed(BitVector whichField, UInt32 origin) {
-    constexpr BitVector components = CenterFieldMask | RotationFieldMask | ScaleFieldMask | ScaleOrientationFieldMask |
-                                     TranslationFieldMask;
+    constexpr BitVector components =
+        CenterFieldMask | RotationFieldMask | ScaleFieldMask | ScaleOrientationFieldMask | TranslationFieldMask;
     if (whichField & components) {
         getMatrix().setTransform(getTranslation(), getRotation(), getScale(), getScaleOrientation(), getCenter());
         whichField |= MatrixFieldMask;

@@ -11,10 +11,7 @@ class OSG_SYSTEMLIB_DLLMAPPING NodeCore : public AttachmentContainer {
     OSG_ABSTRACT_CONTAINER(NodeCore, AttachmentContainer)
 
 public:
-    enum : UInt32 {
-        ParentsFieldId = Inherited::NextFieldId,
-        NextFieldId
-    };
+    enum : UInt32 { ParentsFieldId = Inherited::NextFieldId, NextFieldId };
     static constexpr BitVector ParentsFieldMask = fieldMask(ParentsFieldId);
 
     /// The nodes that use this core.

@@ -16,8 +16,7 @@ typedef RefPtr<NodePtr> NodeRefPtr;
 OSG_SYSTEMLIB_DLLMAPPING NodePtr makeNodeFor(const NodeCorePtr& core);
 
 /// A new node with a new core.
-template <class Core>
-NodePtr makeCoredNode(typename Core::Ptr* coreOut = nullptr) {
+template <class Core> NodePtr makeCoredNode(typename Core::Ptr* coreOut = nullptr) {
     const typename Core::Ptr core = Core::create();
     if (coreOut) *coreOut = core;
     return makeNodeFor(core);

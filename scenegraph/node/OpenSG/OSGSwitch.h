@@ -13,10 +13,7 @@ class OSG_SYSTEMLIB_DLLMAPPING Switch : public Group {
     OSG_CONTAINER(Switch, Group)
 
 public:
-    enum : UInt32 {
-        ChoiceFieldId = Inherited::NextFieldId,
-        NextFieldId
-    };
+    enum : UInt32 { ChoiceFieldId = Inherited::NextFieldId, NextFieldId };
     static constexpr BitVector ChoiceFieldMask = fieldMask(ChoiceFieldId);
     static constexpr Int32 ALL = -2;
     static constexpr Int32 NONE = -1;

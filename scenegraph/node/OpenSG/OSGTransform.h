@@ -15,10 +15,7 @@ class OSG_SYSTEMLIB_DLLMAPPING Transform : public Group {
     OSG_CONTAINER(Transform, Group)
 
 public:
-    enum : UInt32 {
-        MatrixFieldId = Inherited::NextFieldId,
-        NextFieldId
-    };
+    enum : UInt32 { MatrixFieldId = Inherited::NextFieldId, NextFieldId };
     static constexpr BitVector MatrixFieldMask = fieldMask(MatrixFieldId);
 
     SFMatrix* getSFMatrix() { return &matrix; }

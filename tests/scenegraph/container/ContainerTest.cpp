@@ -75,7 +75,8 @@ TEST_F(Container, CastsAlongTheAncestry) {
     } rows[] = {
         {osg::Node::getClassType(), {"Node", "AttachmentContainer", "FieldContainer"}},
         {osg::Switch::getClassType(), {"Switch", "Group", "NodeCore", "AttachmentContainer", "FieldContainer"}},
-        {osg::DistanceLOD::getClassType(), {"DistanceLOD", "Group", "NodeCore", "AttachmentContainer", "FieldContainer"}},
+        {osg::DistanceLOD::getClassType(),
+         {"DistanceLOD", "Group", "NodeCore", "AttachmentContainer", "FieldContainer"}},
         {core->getType(),
          {"ComponentTransform", "Transform", "Group", "NodeCore", "AttachmentContainer", "FieldContainer"}},
         {osg::Name::getClassType(), {"Name", "Attachment", "FieldContainer"}},

@@ -107,7 +107,8 @@ TEST_F(Node, ActiveMeansAllBitsOfTheMask) {
 TEST_F(Node, ToWorldIsLiveAndParentFirst) {
     osg::Matrix scale;
     scale.setScale(2.0f);
-    const osg::NodePtr outer = transformNode(scale), bare = osg::Node::create(), inner = transformNode(translated(1, 0, 0));
+    const osg::NodePtr outer = transformNode(scale), bare = osg::Node::create(),
+                       inner = transformNode(translated(1, 0, 0));
     parent->addChild(outer);
     outer->addChild(bare);
     bare->addChild(inner);
