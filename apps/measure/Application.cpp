@@ -1,8 +1,9 @@
 #include <apps/measure/Application.h>
 
 #include <apps/measure/Failure.h>
+#include <apps/measure/FileReplacement.h>
 #include <apps/measure/JsonReport.h>
-#include <apps/measure/MeasureCommands.h>
+#include <apps/measure/MeasurementSession.h>
 #include <apps/measure/Options.h>
 #include <apps/measure/Progress.h>
 #include <apps/measure/SceneLoading.h>
@@ -14,7 +15,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <new>
+#include <optional>
+#include <system_error>
 
 namespace tesk::measure {
 
@@ -35,26 +39,68 @@ void startSceneGraph() {
     osg::osgInit(1, arguments);
 }
 
-Report measureWithProgress(const MeasureCommand& command) {
-    const Progress progress("measuring " + command.getName());
-    return command.measure();
+/// What is certain to fail fails before the work, not after it.
+void checkFiles(const Options& options) {
+    for (const std::string& file : {options.saveFile, options.sampleFile}) {
+        if (file.empty()) continue;
+        checkReplaceable(file);
+        for (const std::string& scene : options.scenes) {
+            std::error_code ignored;
+            if (std::filesystem::equivalent(file, scene, ignored)) throw Failure(file + " is a scene file");
+        }
+    }
 }
 
-int measure(const Options& options, const SceneCatalogue& catalogue, OutputGuard& output) {
-    const Report report = measureWithProgress(MeasureCommand(options, catalogue));
-    output.write(options.json ? jsonReport(report) : textReport(report, options.precision));
-    const bool areAllMet = std::all_of(report.expectations.begin(), report.expectations.end(),
-                                       [&](const Expectation& expectation) { return report.isMet(expectation); });
-    return areAllMet ? exitDone : exitExpectationNotMet;
+/// Everything that went wrong without ending the command, one line each.
+std::vector<std::string> problems(const MeasurementSession& session, const Options& options) {
+    std::vector<std::string> lines;
+    for (const Report& report : session.getReports()) {
+        if (!report.problem.empty())
+            lines.push_back(options.document + ": " + report.getTitle() + ": " + report.problem);
+    }
+    for (const std::string& name : session.getUnknownNames())
+        lines.push_back("no measurement is called '" + name + "'");
+    if (!options.saveFile.empty() && session.isAnyNodeMissing())
+        lines.push_back(options.saveFile + " is not written: it would lose the names of missing nodes");
+    return lines;
+}
+
+void measureAndSave(MeasurementSession& session) {
+    {
+        const Progress progress("measuring " + session.getName());
+        session.measure();
+    }
+    const Progress progress("saving");
+    session.saveSamples();
+    session.saveMeasurements();
+}
+
+int measure(const Options& options, const SavedDocument* document, const SceneCatalogue& catalogue,
+            OutputGuard& output) {
+    MeasurementSession session(options, document, catalogue);
+    measureAndSave(session);
+    if (document != nullptr)
+        output.write(options.json ? jsonReports(session.getReports())
+                                  : textReports(session.getReports(), options.precision));
+    else
+        output.write(options.json ? jsonReport(session.getReports().front())
+                                  : textReport(session.getReports().front(), options.precision));
+    const std::vector<std::string> lines = problems(session, options);
+    for (const std::string& line : lines) tell(line);
+    if (!lines.empty()) return exitFailure;
+    return session.areAllExpectationsMet() ? exitDone : exitExpectationNotMet;
 }
 
 int carryOut(const Options& options, OutputGuard& output) {
     startSceneGraph();
+    checkFiles(options);
+    std::optional<SavedDocument> document;
+    if (!options.document.empty()) document.emplace(options.document);
     LoadedScenes loaded = loadScenes(options.scenes);
     const SceneCatalogue catalogue(std::move(loaded.files));
     tellSome(loaded.notes);
     tellSome(catalogue.getRenamings());
-    if (options.command != Command::list) return measure(options, catalogue, output);
+    if (options.command != Command::list) return measure(options, document ? &*document : nullptr, catalogue, output);
     output.write(options.json ? jsonList(catalogue) : textList(catalogue, options.precision));
     return exitDone;
 }

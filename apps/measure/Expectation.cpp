@@ -38,6 +38,19 @@ std::optional<Expectation> Expectation::parse(std::string_view text) {
 Expectation::Expectation(Relation wantedRelation, float wantedNumber, std::string wantedText)
     : relation(wantedRelation), number(wantedNumber), text(std::move(wantedText)) {}
 
+std::optional<NamedExpectation> NamedExpectation::parse(std::string_view text) {
+    // A number has none of these, so the last one ends the operator.
+    constexpr std::string_view operatorCharacters = "<>=!";
+    const std::size_t last = text.find_last_of(operatorCharacters);
+    if (last == std::string_view::npos) return std::nullopt;
+    const bool isLong = last > 0 && text[last] == '=' && operatorCharacters.find(text[last - 1]) != std::string::npos;
+    const std::size_t first = isLong ? last - 1 : last;
+    const std::string_view name = trimmed(text.substr(0, first));
+    const auto expectation = Expectation::parse(text.substr(first));
+    if (name.empty() || !expectation) return std::nullopt;
+    return NamedExpectation{std::string(name), *expectation};
+}
+
 bool Expectation::isMetBy(float value) const {
     if (std::isnan(value)) return false;
     switch (relation) {

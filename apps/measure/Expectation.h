@@ -28,4 +28,14 @@ private:
     std::string text;
 };
 
+/// A demand on the value of a named measurement, such as `vessel to stirrer >= 1.5`.
+struct NamedExpectation {
+    std::string name;
+    Expectation expectation;
+
+    /// Reads a name, which may contain blanks and operators, then what Expectation reads; nothing when either is
+    /// missing.
+    static std::optional<NamedExpectation> parse(std::string_view text);
+};
+
 } // namespace tesk::measure

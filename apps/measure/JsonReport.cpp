@@ -43,20 +43,30 @@ Json listedNode(const SceneCatalogue& catalogue, const CatalogueNode& node) {
     return json;
 }
 
-} // namespace
-
-std::string jsonReport(const Report& report) {
+Json reportedMeasurement(const Report& report) {
     Json json;
     json["kind"] = report.kind;
     json["name"] = report.name;
     for (const ReportedNumber& reported : report.numbers) json[reported.key] = number(reported.number);
+    if (report.sampleCount) json["samples"] = *report.sampleCount;
     for (const ReportedVector& reported : report.vectors) json[reported.key] = numbers(reported.vector);
     for (const ReportedVector& reported : report.vectors)
         if (!reported.node.empty()) json["nodes"][reported.key] = reported.node;
     for (const Expectation& expectation : report.expectations) {
         json["expectations"].push_back({{"condition", expectation.getText()}, {"met", report.isMet(expectation)}});
     }
-    return text(json);
+    if (!report.problem.empty()) json["problem"] = report.problem;
+    return json;
+}
+
+} // namespace
+
+std::string jsonReport(const Report& report) { return text(reportedMeasurement(report)); }
+
+std::string jsonReports(const std::vector<Report>& reports) {
+    Json measurements = Json::array();
+    for (const Report& report : reports) measurements.push_back(reportedMeasurement(report));
+    return text(Json{{"measurements", std::move(measurements)}});
 }
 
 std::string jsonList(const SceneCatalogue& catalogue) {

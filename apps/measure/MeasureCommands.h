@@ -1,8 +1,11 @@
 #pragma once
 
-#include <apps/measure/Options.h>
-#include <apps/measure/Report.h>
-#include <apps/measure/SceneCatalogue.h>
+#include <apps/measure/MeasurementInput.h>
+
+namespace tesk::measurement {
+class Measurement;
+class MeasurementManager;
+} // namespace tesk::measurement
 
 namespace tesk::measure {
 
@@ -11,36 +14,26 @@ namespace tesk::measure {
 /// Choosing the nodes costs nothing; measure() takes as long as the library takes.
 class MeasureCommand {
 public:
-    /// Throws Failure when a node is unknown or ambiguous, or cannot be measured: nothing with an area (for a point's
-    /// distance also nothing with a length) in it, beyond the range of single precision, or part of the other object.
+    /// Throws Failure when a node is unknown or ambiguous, or cannot be measured; see checkInput().
     MeasureCommand(const Options& options, const SceneCatalogue& catalogue);
 
+    const MeasurementInput& getInput() const { return input; }
     /// What is measured, such as `vessel to stirrer`; empty when no node is.
-    const std::string& getName() const { return name; }
-    /// Throws Failure when there is no circle because three points lie on one line, or when the search for the least
-    /// distance ends without points.
-    Report measure() const;
+    std::string getName() const;
+    /// Has the manager create the measurement, updated and named.
+    const measurement::Measurement& measure(measurement::MeasurementManager& manager) const;
 
 private:
-    struct Place {
-        osg::Pnt3f point;
-        const CatalogueNode* node;
-
-        osg::NodePtr getNode() const;
-        std::string getNodeName() const;
-    };
-
-    std::string composeName() const;
+    void choosePlaces(const Options& options, const SceneCatalogue& catalogue);
     void chooseObjects(const Options& options, const SceneCatalogue& catalogue);
-    Report measurePointPoint() const;
-    Report measurePointObject() const;
-    Report measureObjectObject() const;
-    Report measureCircle() const;
+    const measurement::Measurement& measurePointPoint(measurement::MeasurementManager& manager) const;
+    const measurement::Measurement& measurePointObject(measurement::MeasurementManager& manager) const;
+    const measurement::Measurement& measureCircle(measurement::MeasurementManager& manager) const;
+    const measurement::Measurement& measureGap(measurement::MeasurementManager& manager) const;
+    const measurement::Measurement& measureLineObject(measurement::MeasurementManager& manager) const;
 
-    Command command;
-    std::vector<Expectation> expectations;
-    std::vector<Place> places;
-    std::vector<const CatalogueNode*> objects;
+    MeasurementInput input;
+    /// As the library composes names, with "point" for a point that lies on no node.
     std::string name;
 };
 

@@ -1,6 +1,7 @@
 #include <apps/measure/Options.h>
 
 #include <apps/measure/Failure.h>
+#include <apps/measure/HelpTexts.h>
 #include <apps/measure/Numbers.h>
 
 #include <CLI/CLI.hpp>
@@ -10,62 +11,6 @@
 namespace tesk::measure {
 
 namespace {
-
-constexpr const char* overview = R"(Measures in 3D scenes: distances between points and objects, circles through points.
-
-Scene files are STL, OBJ, PLY, OFF, glTF, GLB, 3MF and DAE. Points are world coordinates; all lengths are in the unit
-of the files.)";
-
-constexpr const char* programFooter = R"(Examples:
-  tesk-measure list vessel.stl
-  tesk-measure object-object vessel.stl stirrer.stl
-  tesk-measure point-object part.obj --point 1,2,-3 --node bolt --json
-  tesk-measure object-object machine.glb --node1 rotor --node2 stator --expect ">= 1.5"
-
-'tesk-measure COMMAND --help' explains a command and its options.
-
-Exit status: 0 done, 1 failure, 2 wrong usage, 3 an expectation was not met.)";
-
-constexpr const char* listFooter = R"(Triangles, lines and bounds of a node include those of everything below it.
-
-Example:
-  tesk-measure list vessel.stl machine.glb)";
-
-constexpr const char* pointPointFooter = R"(The row with the sign Δ is point 1 minus point 2.
-
-Example:
-  tesk-measure point-point --point1 0,0,0 --point2 -1.5,2,1e-3)";
-
-constexpr const char* pointObjectFooter =
-    R"(Triangles and lines of the object count. Point 2 is the nearest point of the object; the row with the sign Δ is
-point 1 minus point 2.
-
-Examples:
-  tesk-measure point-object part.stl --point -1,2,3
-  tesk-measure point-object machine.glb --point 1,2,3 --node rotor)";
-
-constexpr const char* objectObjectFooter =
-    R"(Only triangles count. Points 1 and 2 are nearest to each other, one on each object; the row with the sign Δ is
-point 1 minus point 2. Objects that touch or intersect have distance 0.
-
-Examples:
-  tesk-measure object-object vessel.stl stirrer.stl
-  tesk-measure object-object machine.glb --node1 rotor --node2 stator
-  tesk-measure object-object a.obj b.obj --node1 a.obj#nut --node2 b.obj#nut --expect "> 0")";
-
-constexpr const char* circleFooter =
-    R"(Diameter, circumference and center come with the radius. The normal is not scaled to length 1: its length is twice
-the area of the triangle of the three points.
-
-Example:
-  tesk-measure circle --point1 1,0,0 --point2 0,1,0 --point3 -1,0,0)";
-
-constexpr const char* nodeFooter = R"(
-
-A node is chosen by its file (path, file name, or file name without extension), by its name, or by both as
-FILE#NODE. 'tesk-measure list SCENE' shows the names.)";
-
-constexpr const char* pointHelp = "Point in world coordinates, x,y,z or NODE@x,y,z to say what it lies on";
 
 PlacedPoint parsePlacedPoint(const std::string& option, const std::string& text) {
     const std::size_t at = text.rfind('@');
@@ -87,53 +32,109 @@ private:
     CLI::App& addCommand(Command command, const std::string& description, const std::string& footer);
     void addNode(CLI::App& command, const std::string& name, const std::string& help);
     void addScenes(CLI::App& command, bool required);
-    void addPoint(CLI::App& command, const std::string& name, std::size_t index);
+    void addPoint(CLI::App& command, const std::string& name, std::size_t index,
+                  const std::string& help = help::pointHelp);
+    void addPointOnNode(CLI::App& command, const std::string& name, std::size_t index, const std::string& help);
+    void addSampling(CLI::App& command);
+    void addFile(CLI::App& command, const std::string& name, std::string& file, const std::string& help);
+    void addSaving(CLI::App& command);
+    void addDocuments(CLI::App& command);
     void addExpectation(CLI::App& command);
+    void addNamedExpectation(CLI::App& command);
+    template <typename Condition>
+    void addConditions(CLI::App& command, std::vector<Condition>& conditions, const std::string& form,
+                       const std::string& help);
+    void addMeasuringCommands();
+    void addSamplingCommands();
+    void addDocumentCommands();
     void checkCommand(const std::vector<std::string>& arguments) const;
     void checkObjects() const;
     std::string firstNodeWithoutScene() const;
 
-    CLI::App app{overview, "tesk-measure"};
+    CLI::App app{help::overview, "tesk-measure"};
     Options options;
 };
 
 CommandLine::CommandLine() {
     app.require_subcommand(1);
     app.set_version_flag("--version", "tesk-measure " TESK_VERSION, "Show the version and exit");
-    app.footer(programFooter);
+    app.footer(help::programFooter);
     app.get_formatter()->column_width(32);
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");
 
     auto& list =
-        addCommand(Command::list, "Show the nodes of scenes: kind, triangles, lines, world bounds", listFooter);
+        addCommand(Command::list, "Show the nodes of scenes: kind, triangles, lines, world bounds", help::listFooter);
     addScenes(list, true);
 
-    auto& pointPoint = addCommand(Command::pointPoint, "Distance between two points", pointPointFooter);
+    addMeasuringCommands();
+    addSamplingCommands();
+    addDocumentCommands();
+}
+
+void CommandLine::addMeasuringCommands() {
+    auto& pointPoint = addCommand(Command::pointPoint, "Distance between two points", help::pointPointFooter);
     addScenes(pointPoint, false);
     addPoint(pointPoint, "--point1", 0);
     addPoint(pointPoint, "--point2", 1);
-    addExpectation(pointPoint);
+    addDocuments(pointPoint);
 
     auto& pointObject = addCommand(Command::pointObject, "Distance from a point to the nearest point of an object",
-                                   std::string(pointObjectFooter) + nodeFooter);
+                                   std::string(help::pointObjectFooter) + help::nodeFooter);
     addScenes(pointObject, true);
     addPoint(pointObject, "--point", 0);
     addNode(pointObject, "--node", "The object; may be left out when there is one scene file");
-    addExpectation(pointObject);
+    addDocuments(pointObject);
 
     auto& objectObject = addCommand(Command::objectObject, "Least distance between two objects",
-                                    std::string(objectObjectFooter) + nodeFooter);
+                                    std::string(help::objectObjectFooter) + help::nodeFooter);
     addScenes(objectObject, true);
     addNode(objectObject, "--node1", "The first object; both may be left out when there are two scene files");
     addNode(objectObject, "--node2", "The second object");
-    addExpectation(objectObject);
+    addDocuments(objectObject);
 
-    auto& circle = addCommand(Command::circle, "Circle through three points; its value is the radius", circleFooter);
+    auto& circle =
+        addCommand(Command::circle, "Circle through three points; its value is the radius", help::circleFooter);
     addScenes(circle, false);
     addPoint(circle, "--point1", 0);
     addPoint(circle, "--point2", 1);
     addPoint(circle, "--point3", 2);
-    addExpectation(circle);
+    addDocuments(circle);
+}
+
+void CommandLine::addSamplingCommands() {
+    auto& gap =
+        addCommand(Command::gap, "Gap between two objects, sampled along a straight track; its value is the average",
+                   std::string(help::gapFooter) + help::nodeFooter);
+    addScenes(gap, true);
+    addPointOnNode(gap, "--from", 0, "The first object and the start of the track");
+    addPointOnNode(gap, "--to", 1, "The second object and the end of the track");
+    addSampling(gap);
+    addDocuments(gap);
+
+    auto& lineObject = addCommand(Command::lineObject,
+                                  "Distance of a line from an object, sampled along the line; its value is the average",
+                                  std::string(help::lineObjectFooter) + help::nodeFooter);
+    addScenes(lineObject, true);
+    addPointOnNode(lineObject, "--line", 0, "The line and where to start");
+    addNode(lineObject, "--to", "The object");
+    lineObject.get_option("--to")->required();
+    addSampling(lineObject);
+    addDocuments(lineObject);
+}
+
+void CommandLine::addDocumentCommands() {
+    const std::pair<Command, const char*> commands[] = {{Command::load, help::loadFooter},
+                                                        {Command::run, help::runFooter}};
+    for (const auto& [kind, footer] : commands) {
+        const bool isRun = kind == Command::run;
+        auto& command = addCommand(
+            kind, isRun ? "Check the measurements of a saved document" : "Measure a saved document anew", footer);
+        addFile(command, "DOCUMENT", options.document, "The document, as --save has written it");
+        command.get_option("DOCUMENT")->required();
+        command.add_option("SCENE", options.scenes, "Scene files")->type_name("");
+        addSaving(command);
+        if (isRun) addNamedExpectation(command);
+    }
 }
 
 CLI::App& CommandLine::addCommand(Command command, const std::string& description, const std::string& footer) {
@@ -162,27 +163,74 @@ void CommandLine::addScenes(CLI::App& command, bool required) {
     command.add_option("SCENE", options.scenes, help)->required(required)->type_name("");
 }
 
-void CommandLine::addPoint(CLI::App& command, const std::string& name, std::size_t index) {
+void CommandLine::addPoint(CLI::App& command, const std::string& name, std::size_t index, const std::string& help) {
     const auto store = [this, name, index](const std::string& text) {
         options.points.resize(std::max(options.points.size(), index + 1));
         options.points[index] = parsePlacedPoint(name, text);
     };
-    command.add_option_function<std::string>(name, store, pointHelp)->required()->type_name("POINT");
+    command.add_option_function<std::string>(name, store, help)->required()->type_name("POINT");
+}
+
+void CommandLine::addPointOnNode(CLI::App& command, const std::string& name, std::size_t index,
+                                 const std::string& help) {
+    addPoint(command, name, index, help + ", NODE@x,y,z in world coordinates");
+    const auto hasNode = [](const std::string& text) {
+        return text.find('@') != std::string::npos ? std::string() : "'" + text + "' names no node: NODE@x,y,z";
+    };
+    command.get_option(name)->check(CLI::Validator(hasNode, ""));
+}
+
+void CommandLine::addSampling(CLI::App& command) {
+    const auto store = [this](const std::string& text) {
+        const auto step = parseNumber(text);
+        if (!step || *step <= 0.0f) throw CLI::ValidationError("--step", "'" + text + "' is not a positive number");
+        options.step = *step;
+    };
+    command.add_option_function<std::string>("--step", store, "Distance between samples")
+        ->required()
+        ->type_name("LENGTH");
+    addFile(command, "--csv", options.sampleFile, "Write the samples as comma-separated values");
+}
+
+void CommandLine::addFile(CLI::App& command, const std::string& name, std::string& file, const std::string& help) {
+    const auto store = [&file, name](const std::string& text) {
+        if (text.empty()) throw CLI::ValidationError(name, "the name is empty");
+        file = text;
+    };
+    command.add_option_function<std::string>(name, store, help)->type_name(name[0] == '-' ? "FILE" : "");
+}
+
+void CommandLine::addSaving(CLI::App& command) {
+    addFile(command, "--save", options.saveFile, "Save all measurements, as an XML document");
+}
+
+void CommandLine::addDocuments(CLI::App& command) {
+    addFile(command, "--load", options.document, "Measure a saved document first, and show and save all");
+    addSaving(command);
+    addExpectation(command);
 }
 
 void CommandLine::addExpectation(CLI::App& command) {
-    const auto store = [this](const std::vector<std::string>& texts) {
+    addConditions(command, options.expectations, "one of < <= > >= == != and a number",
+                  "Exit with 3 unless the value is so, such as \">= 1.5\"; may be repeated");
+}
+
+void CommandLine::addNamedExpectation(CLI::App& command) {
+    addConditions(command, options.namedExpectations, "a name, one of < <= > >= == != and a number",
+                  "Exit with 3 unless a measurement is so, such as \"NAME >= 1.5\"; may be repeated");
+}
+
+template <typename Condition>
+void CommandLine::addConditions(CLI::App& command, std::vector<Condition>& conditions, const std::string& form,
+                                const std::string& help) {
+    const auto store = [&conditions, form](const std::vector<std::string>& texts) {
         for (const std::string& text : texts) {
-            const auto expectation = Expectation::parse(text);
-            if (!expectation) {
-                throw CLI::ValidationError("--expect", "'" + text + "' is not one of < <= > >= == != and a number");
-            }
-            options.expectations.push_back(*expectation);
+            const auto condition = Condition::parse(text);
+            if (!condition) throw CLI::ValidationError("--expect", "'" + text + "' is not " + form);
+            conditions.push_back(*condition);
         }
     };
-    command
-        .add_option_function<std::vector<std::string>>(
-            "--expect", store, "Exit with 3 unless the value is so, such as \">= 1.5\"; may be repeated")
+    command.add_option_function<std::vector<std::string>>("--expect", store, help)
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->type_name("CONDITION");
@@ -219,6 +267,8 @@ Options CommandLine::parse(std::vector<std::string> arguments) {
     std::reverse(arguments.begin(), arguments.end());
     app.parse(std::move(arguments));
     checkObjects();
+    if (!options.saveFile.empty() && options.saveFile == options.sampleFile)
+        throw CLI::ValidationError("--csv", "'" + options.sampleFile + "' is where --save writes");
     const std::string homeless = firstNodeWithoutScene();
     if (!homeless.empty()) throw CLI::ValidationError("SCENE", "needed to find node '" + homeless + "'");
     return options;
@@ -244,6 +294,14 @@ std::string commandName(Command command) {
         return "object-object";
     case Command::circle:
         return "circle";
+    case Command::gap:
+        return "gap";
+    case Command::lineObject:
+        return "line-object";
+    case Command::load:
+        return "load";
+    case Command::run:
+        return "run";
     }
     return {};
 }

@@ -10,7 +10,7 @@
 
 namespace tesk::measure {
 
-enum class Command { list, pointPoint, pointObject, objectObject, circle };
+enum class Command { list, pointPoint, pointObject, objectObject, circle, gap, lineObject, load, run };
 
 /// A point in world coordinates and the node it lies on, whose name is empty when none was given.
 struct PlacedPoint {
@@ -24,9 +24,20 @@ struct Options {
     std::vector<std::string> scenes;
     /// As many as the command takes, in the order of their numbers.
     std::vector<PlacedPoint> points;
-    /// The objects of point-object (one) and object-object (two); empty when the scene files stand for themselves.
+    /// The objects of point-object and line-object (one) and object-object (two); empty when the scene files stand for
+    /// themselves.
     std::vector<std::string> nodes;
+    /// The sample distance of gap and line-object.
+    float step = 0.0f;
+    /// On the command's own measurement.
     std::vector<Expectation> expectations;
+    /// On the measurements of the document.
+    std::vector<NamedExpectation> namedExpectations;
+    /// The document to load, empty for none.
+    std::string document;
+    /// Where to save all measurements, and where the samples; empty for nowhere.
+    std::string saveFile;
+    std::string sampleFile;
     bool json = false;
     /// Significant digits of the table's numbers.
     int precision = 7;

@@ -1,11 +1,11 @@
 #include <apps/measure/Progress.h>
 
+#include <apps/measure/EndingSignals.h>
 #include <apps/measure/TerminalText.h>
 
 #include <algorithm>
 #include <atomic>
 #include <chrono>
-#include <csignal>
 #include <string_view>
 
 #include <sys/ioctl.h>
@@ -15,7 +15,6 @@ namespace tesk::measure {
 namespace {
 
 constexpr std::string_view eraseLine = "\r\033[K";
-constexpr int endingSignals[] = {SIGINT, SIGTERM, SIGHUP};
 constexpr int noTerminal = -1;
 
 /// Where a line stands that has to be erased.

@@ -4,6 +4,8 @@
 
 #include <OpenSG/OSGVector.h>
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,9 +34,18 @@ struct Report {
     /// The first one is the measured value, which the expectations are about.
     std::vector<ReportedNumber> numbers;
     std::vector<ReportedVector> vectors;
+    /// How many samples the numbers sum up, where there are samples.
+    std::optional<std::size_t> sampleCount;
     std::vector<Expectation> expectations;
+    /// What is wrong: why there is no value, and no numbers then, or which node is missing.
+    std::string problem;
 
-    bool isMet(const Expectation& expectation) const { return expectation.isMetBy(numbers.front().number); }
+    /// Kind and name, as titles have it.
+    std::string getTitle() const { return name.empty() ? kind : kind + ": " + name; }
+    /// No expectation is met without a value.
+    bool isMet(const Expectation& expectation) const {
+        return !numbers.empty() && expectation.isMetBy(numbers.front().number);
+    }
 };
 
 } // namespace tesk::measure

@@ -30,7 +30,10 @@ SceneCatalogue::SceneCatalogue(std::vector<SceneFile> sceneFiles) : files(std::m
         sceneRoot->addChild(root);
     }
     rendering::makeNamesUnique(sceneRoot);
-    for (CatalogueNode& node : nodes) node.name = nameOf(node.node);
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        nodes[i].name = nameOf(nodes[i].node);
+        nodesByName.emplace(nodes[i].name, i);
+    }
     sumUpContent();
 }
 
@@ -64,6 +67,11 @@ void SceneCatalogue::addNodes(std::size_t file) {
         pending.insert(pending.end(), children.rbegin(), children.rend());
         nodes.push_back(std::move(entry));
     }
+}
+
+const CatalogueNode* SceneCatalogue::findNode(const std::string& name) const {
+    const auto found = nodesByName.find(name);
+    return found != nodesByName.end() ? &nodes[found->second] : nullptr;
 }
 
 std::vector<std::string> SceneCatalogue::getRenamings() const {

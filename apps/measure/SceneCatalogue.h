@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace tesk::measure {
@@ -52,6 +53,8 @@ public:
     const std::vector<SceneFile>& getFiles() const { return files; }
     const std::vector<CatalogueNode>& getNodes() const { return nodes; }
     const CatalogueNode& getFileRoot(std::size_t file) const { return nodes[fileRoots[file]]; }
+    /// The node of that unique name, which is also the one that the scene finds; null when there is none.
+    const CatalogueNode* findNode(const std::string& name) const;
     /// Which nodes lost the name that they have in their file, one line each.
     std::vector<std::string> getRenamings() const;
 
@@ -65,6 +68,7 @@ private:
     std::vector<SceneFile> files;
     std::vector<CatalogueNode> nodes;
     std::vector<std::size_t> fileRoots;
+    std::unordered_map<std::string, std::size_t> nodesByName;
 };
 
 /// What a path ends in, without the folders; and that without its extension.

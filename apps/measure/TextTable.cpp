@@ -41,9 +41,10 @@ std::vector<std::string> TextTable::alignedColumn(std::size_t column) const {
     for (const auto& row : rows) cells.push_back(row[column]);
     const bool isNumber = columns[column].alignment == Alignment::number;
     if (isNumber) alignDecimalPoints(cells);
-    const std::size_t width = std::max(widest(cells), displayWidth(columns[column].title));
-    if (widest(cells) == 0) return {};
-    for (std::string& cell : cells) padRight(cell, widest(cells));
+    const std::size_t contentWidth = widest(cells);
+    if (contentWidth == 0) return {};
+    const std::size_t width = std::max(contentWidth, displayWidth(columns[column].title));
+    for (std::string& cell : cells) padRight(cell, contentWidth);
     cells.insert(cells.begin(), columns[column].title);
     for (std::string& cell : cells) {
         if (isNumber)

@@ -33,4 +33,27 @@ TEST(Expectation, RefusesEverythingElse) {
     }
 }
 
+TEST(Expectation, FollowsAName) {
+    const struct {
+        const char* text;
+        const char* name;
+        const char* condition;
+    } rows[] = {
+        {"vessel  to  stirrer >= 1.5", "vessel  to  stirrer", ">= 1.5"},
+        {" a<2 ", "a", "< 2"},
+        {"a > b == 2", "a > b", "== 2"},
+        {"a= < 2", "a=", "< 2"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.text);
+        const auto expectation = NamedExpectation::parse(row.text);
+        ASSERT_TRUE(expectation);
+        EXPECT_EQ(expectation->name, row.name);
+        EXPECT_EQ(expectation->expectation.getText(), row.condition);
+    }
+    for (const char* text : {"", "nut", "nut 2", "> 2", " >= 2", "nut >= ", "nut > two", "nut = 2"}) {
+        EXPECT_FALSE(NamedExpectation::parse(text)) << text;
+    }
+}
+
 } // namespace tesk::measure

@@ -1,6 +1,8 @@
 #include <apps/measure/MeasureCommands.h>
 
 #include <apps/measure/Failure.h>
+#include <apps/measure/MeasurementReport.h>
+#include <measurement/model/MeasurementManager.h>
 #include <support/Scenes.h>
 
 #include <OpenSG/OSGBaseFunctions.h>
@@ -29,7 +31,10 @@ protected:
         options.command = Command::objectObject;
         const SceneCatalogue catalogue({file("a.stl", content1), file("b.stl", content2)});
         try {
-            return std::to_string(MeasureCommand(options, catalogue).measure().numbers.front().number);
+            const MeasureCommand command(options, catalogue);
+            measurement::MeasurementManager manager;
+            return std::to_string(
+                measurementReport(command.measure(manager), command.getInput()).numbers.front().number);
         } catch (const Failure& failure) {
             return failure.what();
         }

@@ -55,6 +55,16 @@ TEST(Options, RefuseWhatCannotBeCarriedOutInOneLine) {
         {"object-object a.stl", "--node1"},
         {"object-object a.stl b.stl --node2 nut", "--node1"},
         {"object-object a.stl b.stl --expect =2", "'=2'"},
+        {"gap a.stl --from a@0,0,0 --to b@1,0,0", "--step"},
+        {"gap a.stl --from a@0,0,0 --to b@1,0,0 --step 0", "'0'"},
+        {"gap a.stl --from a@0,0,0 --to b@1,0,0 --step -1", "'-1'"},
+        {"gap a.stl --from a@0,0,0 --to b@1,0,0 --step inf", "'inf'"},
+        {"gap a.stl --from a@0,0,0 --to 1,0,0 --step 1", "'1,0,0'"},
+        {"gap a.stl --from a@0,0,0 --to b@1,0,0 --step 1 --csv x --save x", "'x'"},
+        {"line-object a.stl --line a@0,0,0 --step 1", "--to"},
+        {"load", "DOCUMENT"},
+        {"load a.xml a.stl --expect >1", "--expect"},
+        {"run a.xml a.stl --expect >1", "'>1'"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.commandLine);
