@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <iostream>
 
@@ -13,7 +14,7 @@ namespace tesk::benchmarks {
 
 namespace {
 
-bool disagreed = false;
+bool failed = false;
 
 /// Sends standard output to /dev/null as long as it lives: pairs that touch write many lines.
 class SilentOutput {
@@ -63,6 +64,11 @@ void showTimes(benchmark::State& state, const std::vector<Contestant>& contestan
     if (times.size() > 1) state.counters["ratio"] = *std::min_element(times.begin() + 1, times.end()) / times.front();
 }
 
+void fail(benchmark::State& state, const std::string& reason) {
+    failed = true;
+    state.SkipWithError(reason.c_str());
+}
+
 } // namespace
 
 HeapGrowths compare(benchmark::State& state, const std::vector<Contestant>& contestants) {
@@ -88,20 +94,31 @@ HeapGrowths compare(benchmark::State& state, const std::vector<Contestant>& cont
     return growths;
 }
 
-benchmark::IterationCount repetitionsFor(std::size_t triangleCount) { return triangleCount < 100'000 ? 5 : 3; }
+benchmark::IterationCount repetitionsFor(std::size_t triangleCount) {
+    if (triangleCount < 100'000) return 5;
+    return triangleCount < 100'000'000 ? 3 : 1;
+}
 
 void expectAgreement(benchmark::State& state, double ours, const std::string& peerName, double peers,
                      double allowance) {
     const double rounding = 1e-6;
     const bool isTooSmall = ours * ours < peers * peers - rounding;
     const bool isTooLarge = ours * ours > peers * peers + rounding && ours > peers + allowance;
-    if (!isTooSmall && !isTooLarge) return;
-    disagreed = true;
-    state.SkipWithError(
-        ("our distance " + std::to_string(ours) + " against " + std::to_string(peers) + " of " + peerName).c_str());
+    if (isTooSmall || isTooLarge)
+        fail(state, "our distance " + std::to_string(ours) + " against " + std::to_string(peers) + " of " + peerName);
 }
 
-bool hasDisagreement() { return disagreed; }
+void expectSameLength(benchmark::State& state, double ours, const std::string& peerName, double peers) {
+    const double rounding = 1e-4;
+    if (std::fabs(ours - peers) > rounding * peers)
+        fail(state, "our outline of " + std::to_string(ours) + " against " + std::to_string(peers) + " of " + peerName);
+}
+
+void expectCount(benchmark::State& state, std::size_t actual, std::size_t expected) {
+    if (actual != expected) fail(state, std::to_string(actual) + " instead of " + std::to_string(expected));
+}
+
+bool hasFailure() { return failed; }
 
 void skip(benchmark::State& state, const std::string& reason) {
     for (auto _ : state) continue;

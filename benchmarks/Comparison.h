@@ -26,7 +26,7 @@ using HeapGrowths = std::vector<std::size_t>;
 /// `ratio`, that of the fastest other one by ours: above 1 we are ahead. Standard output is silent meanwhile.
 HeapGrowths compare(benchmark::State& state, const std::vector<Contestant>& contestants);
 
-/// How often compare() should repeat work on so many triangles.
+/// How often compare() should repeat work on so many triangles, counted again for every plane or sample.
 benchmark::IterationCount repetitionsFor(std::size_t triangleCount);
 
 /// Fails the row unless our distance fits the peer's.
@@ -34,10 +34,27 @@ benchmark::IterationCount repetitionsFor(std::size_t triangleCount);
 /// Ours may be larger by up to `allowance`, and either may be off by the rounding of squared distances in single
 /// precision between objects of size 1.
 void expectAgreement(benchmark::State& state, double ours, const std::string& peerName, double peers, double allowance);
-/// Whether any row of this process failed in expectAgreement().
-bool hasDisagreement();
+/// Fails the row unless both lengths of an outline are the same but for the rounding of its points.
+void expectSameLength(benchmark::State& state, double ours, const std::string& peerName, double peers);
+/// Fails the row unless as much came out as was asked for.
+void expectCount(benchmark::State& state, std::size_t actual, std::size_t expected);
+/// Whether any row of this process failed.
+bool hasFailure();
 
 /// Makes a row of nothing but the reason.
 void skip(benchmark::State& state, const std::string& reason);
+
+/// Adds a row of work on so many triangles, counted again for every sample; beyond the limit it says so instead.
+template <class Function, class... Arguments>
+void addRowWithin(std::size_t limit, std::size_t triangleCount, const std::string& name, Function measure,
+                  const Arguments&... arguments) {
+    if (triangleCount > limit) {
+        benchmark::RegisterBenchmark(name.c_str(), skip, "the plain way takes minutes")->Iterations(1);
+    } else {
+        benchmark::RegisterBenchmark(name.c_str(), measure, arguments...)
+            ->Unit(benchmark::kMillisecond)
+            ->Iterations(repetitionsFor(triangleCount));
+    }
+}
 
 } // namespace tesk::benchmarks

@@ -52,7 +52,11 @@ int main(int argc, char** argv) {
     addTreeSearch(closePairLimit);
     addObjectObject(closePairLimit);
     addPointObject();
+    addSlicing();
+    addGap(1000000000);
+    addLineObject(100000000);
+    addFiles();
     TableReporter table;
     benchmark::RunSpecifiedBenchmarks(namesFormat ? benchmark::CreateDefaultDisplayReporter() : &table);
-    return hasDisagreement() ? 1 : 0;
+    return hasFailure() ? 1 : 0;
 }

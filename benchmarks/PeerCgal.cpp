@@ -3,9 +3,13 @@
 #include <CGAL/AABB_traits.h>
 #include <CGAL/AABB_tree.h>
 #include <CGAL/AABB_triangle_primitive.h>
+#include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
+#include <CGAL/Polygon_mesh_slicer.h>
 #include <CGAL/Simple_cartesian.h>
+#include <CGAL/Surface_mesh.h>
 
 #include <cmath>
+#include <iterator>
 #include <optional>
 
 namespace tesk::benchmarks {
@@ -52,6 +56,40 @@ private:
     std::optional<Tree> tree;
 };
 
+class CgalSlicePeer : public SlicePeer {
+public:
+    explicit CgalSlicePeer(const test::Mesh& input) {
+        for (const osg::Pnt3f& p : input.positions) mesh.add_vertex({p[0], p[1], p[2]});
+        const auto corner = [&](std::size_t i) { return Mesh::Vertex_index(input.indices[i]); };
+        for (std::size_t i = 0; i < input.indices.size(); i += 3)
+            mesh.add_face(corner(i), corner(i + 1), corner(i + 2));
+    }
+
+    std::string getName() const override { return "cgal"; }
+
+    void build() override { slicer.emplace(mesh); }
+
+    double findOutlineLength(const osg::Vec4f& plane) override {
+        std::vector<std::vector<SlicingKernel::Point_3>> lines;
+        (*slicer)(SlicingKernel::Plane_3(plane[0], plane[1], plane[2], plane[3]), std::back_inserter(lines));
+        double length = 0.0;
+        for (const auto& line : lines)
+            for (std::size_t i = 1; i < line.size(); ++i)
+                length += std::sqrt(CGAL::squared_distance(line[i - 1], line[i]));
+        return length;
+    }
+
+    void clear() override { slicer.reset(); }
+
+private:
+    /// Where a plane runs between vertices, the slicer relies on exact answers.
+    using SlicingKernel = CGAL::Exact_predicates_inexact_constructions_kernel;
+    using Mesh = CGAL::Surface_mesh<SlicingKernel::Point_3>;
+
+    Mesh mesh;
+    std::optional<CGAL::Polygon_mesh_slicer<Mesh, SlicingKernel>> slicer;
+};
+
 } // namespace
 
 std::unique_ptr<PointDistancePeer> createCgalPeer(const test::Mesh& mesh) {
@@ -61,5 +99,7 @@ std::unique_ptr<PointDistancePeer> createCgalPeer(const test::Mesh& mesh) {
 std::unique_ptr<PointDistancePeer> createCgalHintedPeer(const test::Mesh& mesh) {
     return std::make_unique<CgalPeer>("cgal_hinted", true, mesh);
 }
+
+std::unique_ptr<SlicePeer> createCgalSlicePeer(const test::Mesh& mesh) { return std::make_unique<CgalSlicePeer>(mesh); }
 
 } // namespace tesk::benchmarks

@@ -27,6 +27,14 @@ PointDistancePeers createPointDistancePeers([[maybe_unused]] const test::Mesh& m
     return peers;
 }
 
+SlicePeers createSlicePeers([[maybe_unused]] const test::Mesh& mesh) {
+    SlicePeers peers;
+#ifdef TESK_BENCHMARK_CGAL
+    peers.push_back(createCgalSlicePeer(mesh));
+#endif
+    return peers;
+}
+
 std::string listPeers() {
     std::string names;
 #ifdef TESK_BENCHMARK_FCL

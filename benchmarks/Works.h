@@ -14,5 +14,9 @@ void addTreeSearch(std::size_t closePairLimit);
 /// As for addTreeSearch().
 void addObjectObject(std::size_t closePairLimit);
 void addPointObject();
+void addSlicing();
+void addGap(std::size_t gapLimit);
+void addLineObject(std::size_t lineObjectLimit);
+void addFiles();
 
 } // namespace tesk::benchmarks
