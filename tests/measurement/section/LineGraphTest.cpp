@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace tesk::measurement {
 
 // The positions are in world coordinates.
@@ -55,6 +57,27 @@ TEST(LineGraphIterator, TakesTheFirstOfEqualWays) {
         LineGraphIterator it = graph.at({0.95f, 0, 0});
         EXPECT_TRUE(it.findNextPoint() && it.getSecondIndex() == int(taken) && it.isAtEnd());
     }
+}
+
+TEST(LineGraphIterator, CountsTheLastTwentiethBeforeADeadEndAsReached) {
+    const LineGraph graph = graphOf({{{0, 0, 0}, {1, 0, 0}, {2, 0, 0}}, {0, 1, 1, 2}});
+    LineGraphIterator last = graph.at({1.5f, 0, 0}), first = graph.at({0.5f, 0, 0});
+    for (const float parameter : {0.95f, std::nextafter(0.95f, 0.0f)}) {
+        last.setParameter(parameter);
+        EXPECT_EQ(last.isAtEnd(), parameter == 0.95f);
+        last.moveForward(0.01f);
+        EXPECT_EQ(last.getParameter() == parameter, parameter == 0.95f) << "a reached end is not left";
+    }
+    for (const float parameter : {0.05f, std::nextafter(0.05f, 1.0f)}) {
+        first.setParameter(parameter);
+        EXPECT_EQ(first.isAtBeginning(), parameter == 0.05f);
+        first.moveBackward(0.01f);
+        EXPECT_EQ(first.getParameter() == parameter, parameter == 0.05f);
+    }
+    first.moveToEnd();
+    EXPECT_TRUE(first.getFirstIndex() == 1 && first.getSecondIndex() == 2 && first.getParameter() == 1.0f);
+    first.moveToStart();
+    EXPECT_TRUE(first.getFirstIndex() == 0 && first.getSecondIndex() == 1 && first.getParameter() == 0.0f);
 }
 
 TEST(LineGraphIterator, CirclesAsIfEveryEdgeWereWalked) {
