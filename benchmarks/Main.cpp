@@ -13,15 +13,16 @@
 
 namespace {
 
-constexpr std::string_view limitOption = "--close_pair_limit=";
+constexpr std::string_view closePairOption = "--close_pair_limit=";
+constexpr std::string_view lineObjectOption = "--line_object_limit=";
 constexpr std::string_view formatOption = "--benchmark_format=";
 
-/// Takes the option out of the arguments. False when its value is no number.
-bool takeClosePairLimit(std::vector<char*>& arguments, std::size_t& limit) {
+/// Takes the option, if it is there, out of the arguments. False when its value is no number.
+bool takeLimit(std::vector<char*>& arguments, std::string_view option, std::size_t& limit) {
     for (auto argument = arguments.begin() + 1; argument != arguments.end(); ++argument) {
         std::string_view text = *argument;
-        if (text.substr(0, limitOption.size()) != limitOption) continue;
-        text.remove_prefix(limitOption.size());
+        if (text.substr(0, option.size()) != option) continue;
+        text.remove_prefix(option.size());
         arguments.erase(argument);
         const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), limit);
         return error == std::errc() && end == text.data() + text.size();
@@ -33,9 +34,10 @@ bool takeClosePairLimit(std::vector<char*>& arguments, std::size_t& limit) {
 
 int main(int argc, char** argv) {
     std::vector<char*> arguments(argv, argv + argc);
-    std::size_t closePairLimit = 100'000;
-    if (!takeClosePairLimit(arguments, closePairLimit)) {
-        std::cerr << limitOption << "N: N is a number of triangles\n";
+    std::size_t closePairLimit = 100'000, lineObjectLimit = 100'000'000;
+    if (!takeLimit(arguments, closePairOption, closePairLimit) ||
+        !takeLimit(arguments, lineObjectOption, lineObjectLimit)) {
+        std::cerr << closePairOption << "N, " << lineObjectOption << "N: N is a number of triangles\n";
         return 2;
     }
     const bool namesFormat = std::any_of(arguments.begin(), arguments.end(), [](const char* argument) {
@@ -53,8 +55,8 @@ int main(int argc, char** argv) {
     addObjectObject(closePairLimit);
     addPointObject();
     addSlicing();
-    addGap(1000000000);
-    addLineObject(100000000);
+    addGap(closePairLimit);
+    addLineObject(lineObjectLimit);
     addFiles();
     TableReporter table;
     benchmark::RunSpecifiedBenchmarks(namesFormat ? benchmark::CreateDefaultDisplayReporter() : &table);

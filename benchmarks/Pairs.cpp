@@ -42,6 +42,10 @@ const std::vector<Pair> pairs{
     {"interlocked", torus, torus, nextLink, true},
 };
 
+const Pair& getPair(const std::string& name) {
+    return *std::find_if(pairs.begin(), pairs.end(), [&](const Pair& pair) { return pair.name == name; });
+}
+
 PlacedMesh::PlacedMesh(const Shape& shape, std::size_t triangleCount, const osg::Matrix& placement)
     : world(shape.create(triangleCount)) {
     geometry = test::geometry(world);
@@ -59,13 +63,7 @@ void addPairRows(const std::string& work, std::size_t closePairLimit,
     for (const std::size_t count : triangleCounts) {
         for (const Pair& pair : pairs) {
             const std::string name = work + "/" + pair.name + "/" + std::to_string(count);
-            if (pair.fitsClosely && count > closePairLimit) {
-                benchmark::RegisterBenchmark(name.c_str(), skip, "the plain search takes minutes")->Iterations(1);
-            } else {
-                benchmark::RegisterBenchmark(name.c_str(), measure, pair, count)
-                    ->Unit(benchmark::kMillisecond)
-                    ->Iterations(repetitionsFor(count));
-            }
+            addRow(name, count, pair.fitsClosely && count > closePairLimit, measure, pair, count);
         }
     }
 }

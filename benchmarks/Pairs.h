@@ -29,6 +29,8 @@ struct Pair {
 };
 
 extern const std::vector<Pair> pairs;
+/// The one of that name, which there must be.
+const Pair& getPair(const std::string& name);
 
 /// A mesh in a scene, below a transform, and its copy in world coordinates, which peers are given.
 struct PlacedMesh {

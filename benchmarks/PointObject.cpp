@@ -57,9 +57,7 @@ void addPointObject() {
             for (const std::size_t points : {1, 100}) {
                 const std::string name = std::string("PointObject/") + shape.name + "/" + std::to_string(count) +
                                          (points == 1 ? "/1_point" : "/" + std::to_string(points) + "_points");
-                benchmark::RegisterBenchmark(name.c_str(), measurePoints, shape, count, points)
-                    ->Unit(benchmark::kMillisecond)
-                    ->Iterations(repetitionsFor(count));
+                addRow(name, count, false, measurePoints, shape, count, points);
             }
         }
     }

@@ -33,9 +33,7 @@ void addTreeBuilding() {
     for (const std::size_t count : triangleCounts) {
         for (const Shape& shape : shapes) {
             const std::string name = std::string("TreeBuilding/") + shape.name + "/" + std::to_string(count);
-            benchmark::RegisterBenchmark(name.c_str(), measureBuilding, shape, count)
-                ->Unit(benchmark::kMillisecond)
-                ->Iterations(repetitionsFor(count));
+            addRow(name, count, false, measureBuilding, shape, count);
         }
     }
 }

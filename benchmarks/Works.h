@@ -15,7 +15,9 @@ void addTreeSearch(std::size_t closePairLimit);
 void addObjectObject(std::size_t closePairLimit);
 void addPointObject();
 void addSlicing();
-void addGap(std::size_t gapLimit);
+/// As for addTreeSearch().
+void addGap(std::size_t closePairLimit);
+/// Nothing is measured where samples times triangles are more than `lineObjectLimit`.
 void addLineObject(std::size_t lineObjectLimit);
 void addFiles();
 
