@@ -98,6 +98,7 @@ int carryOut(const Options& options, OutputGuard& output) {
     if (!options.document.empty()) document.emplace(options.document);
     LoadedScenes loaded = loadScenes(options.scenes);
     const SceneCatalogue catalogue(std::move(loaded.files));
+    if (document) tellSome(document->getNotes());
     tellSome(loaded.notes);
     tellSome(catalogue.getRenamings());
     if (options.command != Command::list) return measure(options, document ? &*document : nullptr, catalogue, output);

@@ -263,6 +263,8 @@ std::string CommandLine::firstNodeWithoutScene() const {
 }
 
 Options CommandLine::parse(std::vector<std::string> arguments) {
+    // In the place of a command the option is the command.
+    if (!arguments.empty() && arguments.front() == "--load") arguments.front() = "load";
     checkCommand(arguments);
     std::reverse(arguments.begin(), arguments.end());
     app.parse(std::move(arguments));

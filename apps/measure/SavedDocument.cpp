@@ -71,7 +71,8 @@ SavedDocument::SavedDocument(const std::string& documentPath) : path(documentPat
         text = readFile(path);
         const QString decoded = decode(text);
         const std::size_t count = countReadable(text);
-        measurements = parseSavedDocument(decoded);
+        measurements = parseSavedDocument(decoded, notes);
+        for (std::string& note : notes) note = path + ": " + note;
         if (measurements.size() != count) throw Failure("not UTF-8");
     } catch (const Failure& failure) {
         throw Failure(path + ": " + failure.what());

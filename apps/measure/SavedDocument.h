@@ -23,9 +23,8 @@ struct SavedMeasurement {
 
 /// A file of saved measurements, read and checked, but not measured yet.
 ///
-/// Stricter than the library, which reads what it can: a number that is none, a sample distance that is not positive
-/// or an element that the format does not have is a mistake here, since all of them would quietly measure something
-/// else.
+/// Stricter than the library, which reads what it can: a number that is none or a sample distance that is not positive
+/// is a mistake here, since both would quietly measure something else.
 class SavedDocument {
 public:
     /// For the time before the scene is there, since the library measures what it finds. Throws Failure, which names
@@ -34,6 +33,8 @@ public:
 
     const std::string& getPath() const { return path; }
     const std::vector<SavedMeasurement>& getMeasurements() const { return measurements; }
+    /// What was passed over, one line each.
+    const std::vector<std::string>& getNotes() const { return notes; }
     /// Adds all measurements, measured against the scene, to the manager's.
     void load(measurement::MeasurementManager& manager) const;
 
@@ -41,6 +42,7 @@ private:
     std::string path;
     std::string text;
     std::vector<SavedMeasurement> measurements;
+    std::vector<std::string> notes;
 };
 
 /// Replaces the file with a document of all the manager's measurements. Throws Failure, which names the file.

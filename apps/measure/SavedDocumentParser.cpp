@@ -43,11 +43,13 @@ bool isPassedOver(const std::string& tag) {
 
 class Parser {
 public:
-    explicit Parser(const QString& text) : reader(text) { reader.setNamespaceProcessing(false); }
+    Parser(const QString& text, std::vector<std::string>& noteLines) : reader(text), notes(noteLines) {
+        reader.setNamespaceProcessing(false);
+    }
     std::vector<SavedMeasurement> parse();
 
 private:
-    SavedMeasurement parseMeasurement();
+    SavedMeasurement parseMeasurement(const SavedKind& kind);
     void parseChild(const SavedKind& kind, SavedMeasurement& measurement);
     osg::Pnt3f parsePoint() const;
     float parseNumber(const char* attribute) const;
@@ -55,31 +57,42 @@ private:
     std::string tag() const { return reader.name().toString().toStdString(); }
     [[noreturn]] void fail(const std::string& cause) const;
 
+    void passOver() { notes.push_back(atLine("unknown element '" + tag() + "' passed over")); }
+    std::string atLine(const std::string& text) const {
+        return "line " + std::to_string(reader.lineNumber()) + ": " + text;
+    }
+
     QXmlStreamReader reader;
+    std::vector<std::string>& notes;
 };
 
 std::vector<SavedMeasurement> Parser::parse() {
     std::vector<SavedMeasurement> measurements;
     if (reader.readNextStartElement() && tag() != "Measurements") fail("'" + tag() + "' instead of 'Measurements'");
-    while (reader.readNextStartElement()) measurements.push_back(parseMeasurement());
+    while (reader.readNextStartElement()) {
+        if (const SavedKind* const kind = findKind(tag())) {
+            measurements.push_back(parseMeasurement(*kind));
+        } else {
+            passOver();
+            reader.skipCurrentElement();
+        }
+    }
     if (reader.hasError()) fail(reader.errorString().toStdString());
     return measurements;
 }
 
-SavedMeasurement Parser::parseMeasurement() {
-    const SavedKind* const kind = findKind(tag());
-    if (kind == nullptr) fail("unknown element '" + tag() + "'");
+SavedMeasurement Parser::parseMeasurement(const SavedKind& kind) {
     SavedMeasurement measurement;
-    measurement.kind = kind->kind;
-    measurement.points.resize(kind->pointTags.size(), osg::Pnt3f(0.0f, 0.0f, 0.0f));
+    measurement.kind = kind.kind;
+    measurement.points.resize(kind.pointTags.size(), osg::Pnt3f(0.0f, 0.0f, 0.0f));
     // What the library takes when the document does not say.
     measurement.step = 10.0f;
-    for (const std::string& attribute : kind->nodeAttributes) {
+    for (const std::string& attribute : kind.nodeAttributes) {
         measurement.nodes.push_back(
             reader.attributes().value(QString::fromStdString(attribute)).toString().toStdString());
     }
     while (reader.readNextStartElement()) {
-        parseChild(*kind, measurement);
+        parseChild(kind, measurement);
         reader.skipCurrentElement();
     }
     return measurement;
@@ -93,7 +106,7 @@ void Parser::parseChild(const SavedKind& kind, SavedMeasurement& measurement) {
     else if (isSampled && tag() == "SampleDistance")
         measurement.step = parseStep();
     else if (!isPassedOver(tag()))
-        fail("unknown element '" + tag() + "'");
+        passOver();
 }
 
 osg::Pnt3f Parser::parsePoint() const { return {parseNumber("x"), parseNumber("y"), parseNumber("z")}; }
@@ -111,12 +124,12 @@ float Parser::parseStep() const {
     return step;
 }
 
-void Parser::fail(const std::string& cause) const {
-    throw Failure("line " + std::to_string(reader.lineNumber()) + ": " + cause);
-}
+void Parser::fail(const std::string& cause) const { throw Failure(atLine(cause)); }
 
 } // namespace
 
-std::vector<SavedMeasurement> parseSavedDocument(const QString& text) { return Parser(text).parse(); }
+std::vector<SavedMeasurement> parseSavedDocument(const QString& text, std::vector<std::string>& notes) {
+    return Parser(text, notes).parse();
+}
 
 } // namespace tesk::measure
