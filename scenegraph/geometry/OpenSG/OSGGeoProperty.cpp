@@ -10,7 +10,11 @@ namespace {
 template <class To, class From> To converted(const From& value) { return To(value); }
 
 /// A position with a fourth component, which is 1 when it was not given.
-template <class To> To homogeneous(const Pnt3f& position) { return To(position[0], position[1], position[2], 1); }
+template <class To> To homogeneous(const Pnt3f& position) {
+    To result(position);
+    result[3] = 1;
+    return result;
+}
 
 template <> Pnt4f converted(const Pnt3f& position) { return homogeneous<Pnt4f>(position); }
 template <> Pnt4d converted(const Pnt3f& position) { return homogeneous<Pnt4d>(position); }

@@ -79,7 +79,7 @@ void TransformationMatrix<T>::getTransform(VectorType& translation, QuaternionTy
     centered.getTransform(translation, rotation, scale, scaleOrientation);
 }
 
-template void Matrix::getTransform(Vec3f&, Quaternion&, Vec3f&, Quaternion&) const;
-template void Matrix::getTransform(Vec3f&, Quaternion&, Vec3f&, Quaternion&, const Vec3f&) const;
+template void TransformationMatrix<Real32>::getTransform(Vec3f&, Quaternion&, Vec3f&, Quaternion&) const;
+template void TransformationMatrix<Real32>::getTransform(Vec3f&, Quaternion&, Vec3f&, Quaternion&, const Vec3f&) const;
 
 } // namespace osg
