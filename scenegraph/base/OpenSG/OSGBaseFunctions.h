@@ -16,6 +16,10 @@ OSG_SYSTEMLIB_DLLMAPPING bool osgInit(Int32 argc, Char8** argv, UInt16 majorVers
 /// Shuts the scene graph down. Later calls do nothing. True on success.
 OSG_SYSTEMLIB_DLLMAPPING bool osgExit();
 
+typedef bool (*ExitFuncF)();
+/// Has the next osgExit() call the function, the last added first; no container can be created then.
+OSG_SYSTEMLIB_DLLMAPPING void addSystemExitFunction(ExitFuncF exitFunction);
+
 /// The second when they are equal or one is NaN.
 template <class T> constexpr T osgMin(T a, T b) { return a < b ? a : b; }
 

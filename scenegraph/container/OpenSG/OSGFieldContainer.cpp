@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace osg {
 
@@ -19,6 +20,12 @@ bool readWriteDefault = false;
 std::unordered_map<UInt32, FieldContainer*>& liveContainers() {
     static auto* containers = new std::unordered_map<UInt32, FieldContainer*>;
     return *containers;
+}
+
+std::vector<ExitFuncF>& exitFunctions() {
+    // Never destroyed: osgExit() may run when main() has returned.
+    static auto* functions = new std::vector<ExitFuncF>;
+    return *functions;
 }
 
 UInt32 nextContainerId() {
@@ -49,8 +56,15 @@ bool osgInit(Int32, Char8**, UInt16, UInt16, UInt16) {
 
 bool osgExit() {
     systemRunning = false;
+    while (!exitFunctions().empty()) {
+        const ExitFuncF exitFunction = exitFunctions().back();
+        exitFunctions().pop_back();
+        exitFunction();
+    }
     return true;
 }
+
+void addSystemExitFunction(ExitFuncF exitFunction) { exitFunctions().push_back(exitFunction); }
 
 FieldContainerType::FieldContainerType(const Char8* typeName, FieldContainerType* parentType)
     : name(typeName), parent(parentType), id(nextTypeId()) {}

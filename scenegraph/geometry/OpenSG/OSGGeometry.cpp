@@ -80,6 +80,7 @@ GeometryPtr Geometry::clone() const {
     copy->indexMapping = indexMapping;
     copy->dlistCache = dlistCache;
     copy->vbo = vbo;
+    copy->setMaterial(getMaterial());
     return copy;
 }
 
@@ -95,6 +96,7 @@ BitVector Geometry::getFieldsUsing(const AttachmentPtr& property) const {
 
 void Geometry::changed(BitVector whichField, UInt32 origin) {
     if (whichField & PositionsFieldMask) invalidateVolume();
+    if (whichField & ~(MaterialFieldMask | ParentsFieldMask)) ++revision;
     Inherited::changed(whichField, origin);
 }
 

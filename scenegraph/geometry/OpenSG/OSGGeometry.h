@@ -106,11 +106,14 @@ public:
     LineIterator beginLines() const;
     LineIterator endLines() const;
 
-    /// A geometry with copies of the properties.
+    /// A geometry with copies of the properties and the same material.
     GeometryPtr clone() const;
 
     /// The fields in which this geometry uses the property.
     BitVector getFieldsUsing(const AttachmentPtr& property) const;
+
+    /// Counts the changes of what is drawn, so that drawing can tell an outdated copy.
+    UInt32 getRevision() const { return revision; }
 
     /// Positions: makes the volumes of its nodes invalid.
     void changed(BitVector whichField, UInt32 origin) override;
@@ -139,6 +142,7 @@ private:
     MFUInt16 indexMapping;
     bool dlistCache = true;
     bool vbo = false;
+    UInt32 revision = 0;
 };
 
 template <class PropertyPtr> void Geometry::setProperty(PropertyPtr& field, const PropertyPtr& property) {

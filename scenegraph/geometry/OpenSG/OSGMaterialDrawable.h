@@ -1,6 +1,7 @@
 #pragma once
 
 #include <OpenSG/OSGDrawable.h>
+#include <OpenSG/OSGMaterial.h>
 
 namespace osg {
 
@@ -15,8 +16,17 @@ public:
     enum : UInt32 { MaterialFieldId = Inherited::NextFieldId, NextFieldId };
     static constexpr BitVector MaterialFieldMask = fieldMask(MaterialFieldId);
 
+    MaterialPtr& getMaterial() { return material; }
+    const MaterialPtr& getMaterial() const { return material; }
+    /// Holds the material by a reference. Null: drawn with the default material.
+    void setMaterial(const MaterialPtr& value);
+
 protected:
     MaterialDrawable() = default;
+    ~MaterialDrawable() override;
+
+private:
+    MaterialPtr material;
 };
 
 } // namespace osg

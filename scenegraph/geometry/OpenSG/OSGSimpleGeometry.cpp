@@ -1,6 +1,7 @@
 #include <OpenSG/OSGSimpleGeometry.h>
 
 #include <OpenSG/OSGBaseFunctions.h>
+#include <OpenSG/OSGSimpleMaterial.h>
 
 #include <cmath>
 
@@ -45,6 +46,7 @@ GeometryPtr toGeometry(Shape& shape, std::initializer_list<UInt16> mapping) {
     geometry->setTexCoords(toProperty<GeoTexCoords2f>(shape.texCoords));
     geometry->setIndices(toProperty<GeoIndicesUI32>(shape.indices));
     geometry->getIndexMapping() = mapping;
+    geometry->setMaterial(getDefaultMaterial());
     return geometry;
 }
 
@@ -222,7 +224,41 @@ GeometryPtr makeConicalGeo(Real32 height, Real32 topRadius, Real32 bottomRadius,
     return toSingleIndexGeometry(shape);
 }
 
+MaterialPtr defaultMaterial, defaultUnlitMaterial;
+
+bool releaseDefaultMaterials() {
+    clearRefCP(defaultMaterial);
+    clearRefCP(defaultUnlitMaterial);
+    return true;
+}
+
+void makeDefaultMaterials() {
+    const SimpleMaterialPtr lit = SimpleMaterial::create(), unlit = SimpleMaterial::create();
+    if (lit == NullFC) return;
+    lit->setDiffuse(Color3f(0.7f, 0.7f, 0.5f));
+    lit->setAmbient(Color3f(0.1f, 0.1f, 0.1f));
+    lit->setSpecular(Color3f(1.0f, 1.0f, 1.0f));
+    lit->setShininess(20.0f);
+    endEditCP(lit);
+    unlit->setDiffuse(Color3f(1.0f, 1.0f, 0.5f));
+    unlit->setLit(false);
+    endEditCP(unlit);
+    setRefdCP(defaultMaterial, lit);
+    setRefdCP(defaultUnlitMaterial, unlit);
+    addSystemExitFunction(releaseDefaultMaterials);
+}
+
 } // namespace
+
+MaterialPtr getDefaultMaterial() {
+    if (defaultMaterial == NullFC) makeDefaultMaterials();
+    return defaultMaterial;
+}
+
+MaterialPtr getDefaultUnlitMaterial() {
+    if (defaultUnlitMaterial == NullFC) makeDefaultMaterials();
+    return defaultUnlitMaterial;
+}
 
 GeometryPtr makePlaneGeo(Real32 xsize, Real32 ysize, UInt16 hor, UInt16 vert) {
     if (!isLattice(hor, vert)) return NullFC;

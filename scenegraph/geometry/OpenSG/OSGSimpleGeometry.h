@@ -5,10 +5,15 @@
 
 namespace osg {
 
+/// The material of the simple shapes, and of all that has none: lit; and another without lighting. Made on demand,
+/// shared by all, held until osgExit(); null when no container can be created.
+OSG_SYSTEMLIB_DLLMAPPING MaterialPtr getDefaultMaterial();
+OSG_SYSTEMLIB_DLLMAPPING MaterialPtr getDefaultUnlitMaterial();
+
 /// Simple shapes round the origin, facing outward, with normals and texture coordinates.
 ///
-/// Each comes as a geometry and as a node with that geometry. A count below the smallest that makes the shape, a size
-/// that a shape cannot have, or more than 2^26 vertices give null.
+/// Each comes as a geometry with the default material and as a node with that geometry. A count below the smallest that
+/// makes the shape, a size that a shape cannot have, or more than 2^26 vertices give null.
 
 /// A rectangle in the xy plane, facing +z, of hor by vert fields; each row of fields is a strip.
 OSG_SYSTEMLIB_DLLMAPPING NodePtr makePlane(Real32 xsize, Real32 ysize, UInt16 hor, UInt16 vert);

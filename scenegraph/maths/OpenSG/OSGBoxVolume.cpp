@@ -43,12 +43,16 @@ void BoxVolume::extendBy(const Pnt3f& point) {
 }
 
 void BoxVolume::extendBy(const Volume& volume) {
-    if (isUntouchable() || !volume.isValid() || volume.isEmpty()) return;
+    if (isUntouchable() || !volume.isValid()) return;
+    const bool becomesAlwaysVisible = isAlwaysVisible() || volume.isAlwaysVisible();
+    setAlwaysVisible(becomesAlwaysVisible);
+    if (volume.isEmpty()) return;
     Pnt3f otherMinimum, otherMaximum;
     volume.getBounds(otherMinimum, otherMaximum);
     if (isEmpty()) {
         setBounds(otherMinimum, otherMaximum);
         setState(volume.getState());
+        setAlwaysVisible(becomesAlwaysVisible);
         return;
     }
     for (UInt32 axis = 0; axis < 3; ++axis) {

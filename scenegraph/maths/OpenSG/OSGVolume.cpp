@@ -10,6 +10,7 @@ void Volume::setEmpty(bool value) {
     if (value) {
         changeState(ValidState, true);
         changeState(InfiniteState, false);
+        changeState(AlwaysVisibleState, false);
     }
     changeState(EmptyState, value);
 }

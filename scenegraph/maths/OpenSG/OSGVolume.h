@@ -13,7 +13,7 @@ class Line;
 /// An empty volume keeps its last bounds: ask isEmpty() before using them.
 class OSG_SYSTEMLIB_DLLMAPPING Volume {
 public:
-    enum State : UInt16 { ValidState = 1, EmptyState = 2, StaticState = 4, InfiniteState = 8 };
+    enum State : UInt16 { ValidState = 1, EmptyState = 2, StaticState = 4, InfiniteState = 8, AlwaysVisibleState = 16 };
 
     virtual ~Volume();
 
@@ -21,15 +21,19 @@ public:
     bool isEmpty() const { return (state & EmptyState) != 0; }
     bool isStatic() const { return (state & StaticState) != 0; }
     bool isInfinite() const { return (state & InfiniteState) != 0; }
+    /// Whether there is something of the volume to be seen wherever one looks, as what is fixed to the screen. Its
+    /// bounds do not tell; whatever it extends becomes always visible too, also when it is empty.
+    bool isAlwaysVisible() const { return (state & AlwaysVisibleState) != 0; }
     /// Infinite, static or not valid: nothing extends such a volume.
     bool isUntouchable() const { return isInfinite() || isStatic() || !isValid(); }
 
     void setValid(bool value = true) { changeState(ValidState, value); }
-    /// An empty volume is valid and not infinite.
+    /// An empty volume is valid, not infinite and not always visible.
     void setEmpty(bool value = true);
     void setStatic(bool value = true) { changeState(StaticState, value); }
     /// An infinite volume is valid and not empty.
     void setInfinite(bool value = true);
+    void setAlwaysVisible(bool value = true) { changeState(AlwaysVisibleState, value); }
     UInt16 getState() const { return state; }
     virtual void setState(UInt16 newState);
 
