@@ -58,6 +58,7 @@ int main(int argc, char** argv) {
     addGap(closePairLimit);
     addLineObject(lineObjectLimit);
     addFiles();
+    addVisualisation();
     TableReporter table;
     benchmark::RunSpecifiedBenchmarks(namesFormat ? benchmark::CreateDefaultDisplayReporter() : &table);
     return hasFailure() ? 1 : 0;

@@ -20,5 +20,6 @@ void addGap(std::size_t closePairLimit);
 /// Nothing is measured where samples times triangles are more than `lineObjectLimit`.
 void addLineObject(std::size_t lineObjectLimit);
 void addFiles();
+void addVisualisation();
 
 } // namespace tesk::benchmarks

@@ -5,6 +5,7 @@
 #include <apps/measure/JsonReport.h>
 #include <apps/measure/MeasurementSession.h>
 #include <apps/measure/Options.h>
+#include <apps/measure/Picture.h>
 #include <apps/measure/Progress.h>
 #include <apps/measure/SceneLoading.h>
 #include <apps/measure/TerminalText.h>
@@ -41,7 +42,7 @@ void startSceneGraph() {
 
 /// What is certain to fail fails before the work, not after it.
 void checkFiles(const Options& options) {
-    for (const std::string& file : {options.saveFile, options.sampleFile}) {
+    for (const std::string& file : {options.saveFile, options.sampleFile, options.picture.file}) {
         if (file.empty()) continue;
         checkReplaceable(file);
         for (const std::string& scene : options.scenes) {
@@ -75,6 +76,19 @@ void measureAndSave(MeasurementSession& session) {
     session.saveMeasurements();
 }
 
+/// After the numbers, which are shown whatever becomes of the picture. Returns the line about a failure.
+std::optional<std::string> draw(const Options& options, const MeasurementSession& session,
+                                const SceneCatalogue& catalogue) {
+    if (options.picture.file.empty()) return std::nullopt;
+    const Progress progress("drawing");
+    try {
+        drawPicture(options.picture, session, catalogue);
+    } catch (const Failure& failure) {
+        return failure.what();
+    }
+    return std::nullopt;
+}
+
 int measure(const Options& options, const SavedDocument* document, const SceneCatalogue& catalogue,
             OutputGuard& output) {
     MeasurementSession session(options, document, catalogue);
@@ -85,7 +99,8 @@ int measure(const Options& options, const SavedDocument* document, const SceneCa
     else
         output.write(options.json ? jsonReport(session.getReports().front())
                                   : textReport(session.getReports().front(), options.precision));
-    const std::vector<std::string> lines = problems(session, options);
+    std::vector<std::string> lines = problems(session, options);
+    if (const auto failure = draw(options, session, catalogue)) lines.push_back(*failure);
     for (const std::string& line : lines) tell(line);
     if (!lines.empty()) return exitFailure;
     return session.areAllExpectationsMet() ? exitDone : exitExpectationNotMet;

@@ -16,6 +16,7 @@ constexpr const char* programFooter = R"(Examples:
   tesk-measure object-object machine.glb --node1 rotor --node2 stator --expect ">= 1.5" --save machine.xml
   tesk-measure gap machine.glb --from rotor@0,0,0 --to stator@0,0,9 --step 0.5 --csv samples.csv
   tesk-measure run machine.xml machine.glb --expect "rotor to stator >= 1.5"
+  tesk-measure object-object vessel.stl stirrer.stl --picture clearance.png --view front
 
 'tesk-measure COMMAND --help' explains a command and its options.
 

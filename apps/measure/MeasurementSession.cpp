@@ -59,6 +59,18 @@ void MeasurementSession::measure() {
     distributeExpectations();
 }
 
+std::vector<SessionMeasurement> MeasurementSession::getMeasurements() const {
+    std::vector<SessionMeasurement> measured;
+    std::size_t index = 0;
+    for (const measurement::Measurement* measurement : manager.getMeasurements()) {
+        const Report& report = reports[index];
+        const MeasurementInput& input = index < savedInputs.size() ? savedInputs[index] : command->getInput();
+        if (!report.numbers.empty() && report.problem.empty()) measured.push_back({*measurement, input, report});
+        ++index;
+    }
+    return measured;
+}
+
 Report MeasurementSession::savedReport(std::size_t index, const measurement::Measurement& measurement) const {
     const MeasurementInput& input = savedInputs[index];
     const std::string missing = missingNodes(index);

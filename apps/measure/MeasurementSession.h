@@ -12,6 +12,13 @@
 
 namespace tesk::measure {
 
+/// A measurement with what it was made of and what came out.
+struct SessionMeasurement {
+    const measurement::Measurement& measurement;
+    const MeasurementInput& input;
+    const Report& report;
+};
+
 /// All that one command line measures: what a document has saved, then the command's own measurement.
 ///
 /// A saved measurement that has no value in this scene is reported with its problem; the command's own fails.
@@ -27,6 +34,8 @@ public:
     /// What is being measured, for people.
     std::string getName() const;
     const std::vector<Report>& getReports() const { return reports; }
+    /// Those that have a value, with references into the session.
+    std::vector<SessionMeasurement> getMeasurements() const;
     /// Names of expectations that no measurement has.
     const std::vector<std::string>& getUnknownNames() const { return unknownNames; }
     bool areAllExpectationsMet() const;

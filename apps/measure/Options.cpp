@@ -38,6 +38,10 @@ private:
     void addSampling(CLI::App& command);
     void addFile(CLI::App& command, const std::string& name, std::string& file, const std::string& help);
     void addSaving(CLI::App& command);
+    void addPicture(CLI::App& command);
+    template <typename Value, typename Parse>
+    void addPictureOption(CLI::App& command, const std::string& name, Value& value, Parse parseText,
+                          const std::string& form, const std::string& complaint, const std::string& help);
     void addDocuments(CLI::App& command);
     void addExpectation(CLI::App& command);
     void addNamedExpectation(CLI::App& command);
@@ -49,10 +53,12 @@ private:
     void addDocumentCommands();
     void checkCommand(const std::vector<std::string>& arguments) const;
     void checkObjects() const;
+    void checkOutputFiles() const;
     std::string firstNodeWithoutScene() const;
 
     CLI::App app{help::overview, "tesk-measure"};
     Options options;
+    bool isPrecisionGiven = false;
 };
 
 CommandLine::CommandLine() {
@@ -144,6 +150,7 @@ CLI::App& CommandLine::addCommand(Command command, const std::string& descriptio
     added.footer(footer);
     added.add_flag("--json", options.json, "Write JSON, with numbers of 9 significant digits, instead of a table");
     added.add_option("--precision", options.precision, "Significant digits of the table's numbers, 1 to 9")
+        ->each([this](const std::string&) { isPrecisionGiven = true; })
         ->check(CLI::Range(1, 9).description(""))
         ->type_name("DIGITS")
         ->capture_default_str();
@@ -202,6 +209,33 @@ void CommandLine::addFile(CLI::App& command, const std::string& name, std::strin
 
 void CommandLine::addSaving(CLI::App& command) {
     addFile(command, "--save", options.saveFile, "Save all measurements, as an XML document");
+    addPicture(command);
+}
+
+void CommandLine::addPicture(CLI::App& command) {
+    addFile(command, "--picture", options.picture.file, "Draw the scene with all measurements, as a PNG file");
+    addPictureOption(command, "--size", options.picture.size, parsePictureSize, "WxH",
+                     "not WxH with both from 1 to 8192", "Size of the picture in pixels; 1280x960 unless given");
+    addPictureOption(command, "--view", options.picture.viewFrom, parseView, "VIEW",
+                     "not iso, front, back, left, right, top, bottom or a vector x,y,z",
+                     "From where: iso, front, back, left, right, top, bottom, or x,y,z towards the viewer");
+    addPictureOption(command, "--background", options.picture.background, parseColor, "COLOR",
+                     "not dark, light, black, white, gray, blue, #rrggbb or r,g,b up to 255",
+                     "dark, light, black, white, gray, blue, #rrggbb, or r,g,b from 0 to 255");
+    command.add_option("--active", options.picture.active, "The gap or line-object that chart and legend show")
+        ->type_name("NAME")
+        ->needs("--picture");
+}
+
+template <typename Value, typename Parse>
+void CommandLine::addPictureOption(CLI::App& command, const std::string& name, Value& value, Parse parseText,
+                                   const std::string& form, const std::string& complaint, const std::string& help) {
+    const auto store = [&value, parseText, name, complaint](const std::string& text) {
+        const auto parsed = parseText(text);
+        if (!parsed) throw CLI::ValidationError(name, "'" + text + "' is " + complaint);
+        value = *parsed;
+    };
+    command.add_option_function<std::string>(name, store, help)->type_name(form)->needs("--picture");
 }
 
 void CommandLine::addDocuments(CLI::App& command) {
@@ -254,6 +288,18 @@ void CommandLine::checkObjects() const {
     }
 }
 
+void CommandLine::checkOutputFiles() const {
+    const std::pair<const char*, std::string> files[] = {
+        {"--save", options.saveFile}, {"--csv", options.sampleFile}, {"--picture", options.picture.file}};
+    for (const auto& [name, file] : files) {
+        for (const auto& [otherName, otherFile] : files) {
+            if (name == otherName) break;
+            if (!file.empty() && file == otherFile)
+                throw CLI::ValidationError(name, "'" + file + "' is where " + otherName + " writes");
+        }
+    }
+}
+
 std::string CommandLine::firstNodeWithoutScene() const {
     if (!options.scenes.empty()) return {};
     for (const PlacedPoint& point : options.points) {
@@ -269,8 +315,8 @@ Options CommandLine::parse(std::vector<std::string> arguments) {
     std::reverse(arguments.begin(), arguments.end());
     app.parse(std::move(arguments));
     checkObjects();
-    if (!options.saveFile.empty() && options.saveFile == options.sampleFile)
-        throw CLI::ValidationError("--csv", "'" + options.sampleFile + "' is where --save writes");
+    checkOutputFiles();
+    if (isPrecisionGiven) options.picture.digits = options.precision;
     const std::string homeless = firstNodeWithoutScene();
     if (!homeless.empty()) throw CLI::ValidationError("SCENE", "needed to find node '" + homeless + "'");
     return options;

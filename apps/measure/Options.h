@@ -1,6 +1,7 @@
 #pragma once
 
 #include <apps/measure/Expectation.h>
+#include <apps/measure/PictureOptions.h>
 
 #include <OpenSG/OSGVector.h>
 
@@ -38,6 +39,7 @@ struct Options {
     /// Where to save all measurements, and where the samples; empty for nowhere.
     std::string saveFile;
     std::string sampleFile;
+    PictureOptions picture;
     bool json = false;
     /// Significant digits of the table's numbers.
     int precision = 7;

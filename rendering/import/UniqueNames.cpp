@@ -1,5 +1,6 @@
 #include <rendering/import/UniqueNames.h>
 
+#include <OpenSG/OSGNodeCore.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <algorithm>

@@ -17,7 +17,7 @@ osg::GeoPositions3fPtr createPositions(const std::vector<Point>& points) {
     const osg::GeoPositions3fPtr positions = osg::GeoPositions3f::create();
     auto& field = positions->getField();
     field.resize(points.size());
-    std::memcpy(static_cast<void*>(field.data()), points.data(), points.size() * sizeof(Point));
+    if (!points.empty()) std::memcpy(static_cast<void*>(&field[0]), points.data(), points.size() * sizeof(Point));
     return positions;
 }
 
@@ -27,7 +27,7 @@ osg::GeometryPtr createGeometry(const FlatMesh& mesh) {
     const osg::GeoPLengthsUI32Ptr lengths = osg::GeoPLengthsUI32::create();
     lengths->push_back(static_cast<osg::UInt32>(mesh.indices.size()));
     const osg::GeoIndicesUI32Ptr indices = osg::GeoIndicesUI32::create();
-    indices->getField().assign(mesh.indices.begin(), mesh.indices.end());
+    indices->getField().setValues(mesh.indices);
 
     const osg::GeometryPtr geometry = osg::Geometry::create();
     const osg::CPEditor edit(geometry, osg::Geometry::TypesFieldMask | osg::Geometry::LengthsFieldMask |

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGNodePtr.h>
 #include <rendering/import/detail/FlatScene.h>
 
 namespace tesk::rendering::detail {

@@ -35,6 +35,26 @@ TEST(Options, KeepTheOrderOfRolesNotOfArguments) {
     EXPECT_EQ(pair->precision, 3);
 }
 
+TEST(Options, ReadHowAPictureIsToLook) {
+    const auto parsed =
+        parseWords("load a.xml --picture a.png --size 40x30 --view top --background #ff0080 --active x --precision 3");
+    ASSERT_TRUE(parsed.options) << parsed.text;
+    const PictureOptions& picture = parsed.options->picture;
+    EXPECT_EQ(picture.size.width, 40);
+    EXPECT_EQ(picture.size.height, 30);
+    EXPECT_EQ(picture.viewFrom, osg::Vec3f(0, 0, 1));
+    EXPECT_EQ(picture.background, osg::Color3f(1, 0, 128.0f / 255.0f));
+    EXPECT_EQ(picture.digits, 3);
+    EXPECT_EQ(parseView("1,-2,.5"), osg::Vec3f(1, -2, 0.5f));
+    EXPECT_EQ(parseColor("0,127.5,255"), osg::Color3f(0, 0.5f, 1));
+    for (const char* text :
+         {"", "x", "4x", "x4", "0x4", "4x0", "-4x4", "+4x4", "4x4x4", "4 x4", "4x8193", "4x99999999999"})
+        EXPECT_FALSE(parsePictureSize(text)) << text;
+    for (const char* text : {"", "Top", "0,0,0", "1,2", "nan,0,1"}) EXPECT_FALSE(parseView(text)) << text;
+    for (const char* text : {"", "#", "#12345", "#1234567", "#-10000", "#gg0000", "1,2", "256,0,0", "-1,0,0"})
+        EXPECT_FALSE(parseColor(text)) << text;
+}
+
 TEST(Options, RefuseWhatCannotBeCarriedOutInOneLine) {
     const struct {
         const char* commandLine;
@@ -61,7 +81,10 @@ TEST(Options, RefuseWhatCannotBeCarriedOutInOneLine) {
         {"gap a.stl --from a@0,0,0 --to b@1,0,0 --step inf", "'inf'"},
         {"gap a.stl --from a@0,0,0 --to 1,0,0 --step 1", "'1,0,0'"},
         {"gap a.stl --from a@0,0,0 --to b@1,0,0 --step 1 --csv x --save x", "'x'"},
+        {"gap a.stl --from a@0,0,0 --to b@1,0,0 --step 1 --csv x --picture x", "'x'"},
         {"line-object a.stl --line a@0,0,0 --step 1", "--to"},
+        {"load a.xml --size 40x30", "--picture"},
+        {"load a.xml --picture a.png --size 40", "'40'"},
         {"load", "DOCUMENT"},
         {"load a.xml a.stl --expect >1", "--expect"},
         {"run a.xml a.stl --expect >1", "'>1'"},

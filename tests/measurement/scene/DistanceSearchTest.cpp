@@ -8,6 +8,7 @@
 #include <support/Random.h>
 #include <support/Scenes.h>
 
+#include <OpenSG/OSGQuaternion.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <algorithm>

@@ -6,6 +6,7 @@
 #include <support/Random.h>
 #include <support/Scenes.h>
 
+#include <OpenSG/OSGQuaternion.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>

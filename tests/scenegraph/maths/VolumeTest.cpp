@@ -71,6 +71,16 @@ TEST(BoxVolume, ExtendsByBoxes) {
     receiver.extendBy(staticBox);
     EXPECT_TRUE(receiver.isStatic());
     EXPECT_TRUE(hasBounds(receiver, {5, 5, 5}, {6, 6, 6}));
+
+    // What is always visible hands that on in any order, and no bounds.
+    emptyBox.setAlwaysVisible();
+    BoxVolume above, below;
+    above.extendBy(emptyBox);
+    above.extendBy(BoxVolume(0, 0, 0, 1, 1, 1));
+    below.extendBy(above);
+    EXPECT_TRUE(below.isAlwaysVisible() && hasBounds(below, {0, 0, 0}, {1, 1, 1}));
+    below.setEmpty();
+    EXPECT_FALSE(below.isAlwaysVisible());
 }
 
 TEST(BoxVolume, TransformsToTheBoxOfItsCorners) {
