@@ -1,5 +1,6 @@
 #include <measurement/section/GenericTriangleIterator.h>
 
+#include <measurement/scene/detail/GeometryRepair.h>
 #include <measurement/section/detail/PositionArray.h>
 
 namespace tesk::measurement {
@@ -10,8 +11,10 @@ GenericTriangleIterator::GenericTriangleIterator(const osg::NodePtr& node) {
     if (array.count == 0) return;
     positions = array.points;
     positionCount = array.count;
-    current = geometry->beginTriangles();
-    end = geometry->endTriangles();
+    repaired = detail::createWalkable(geometry);
+    const osg::GeometryPtr walkable = repaired ? repaired.get() : geometry;
+    current = walkable->beginTriangles();
+    end = walkable->endTriangles();
     passOverUnreadable();
 }
 

@@ -2,6 +2,7 @@
 
 #include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGTriangleIterator.h>
 
 #include <measurement/Export.h>
@@ -14,7 +15,7 @@ namespace tesk::measurement {
 /// local coordinates. A triangle with an index beyond the positions is passed over. Other cores and positions and a
 /// null node give no triangles.
 ///
-/// The geometry must not change during the walk; no references are counted.
+/// The geometry must not change during the walk; no references to it are counted.
 class TESK_MEASUREMENT_EXPORT GenericTriangleIterator {
 public:
     /// At the first triangle.
@@ -41,6 +42,8 @@ private:
         while (!isAtEnd() && !isReadable()) ++current;
     }
 
+    /// What is walked over where the geometry's lengths are not fit for it.
+    osg::RefPtr<osg::GeometryPtr> repaired;
     osg::TriangleIterator current;
     osg::TriangleIterator end;
     const osg::Pnt3f* positions = nullptr;

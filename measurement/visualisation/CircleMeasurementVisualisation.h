@@ -18,8 +18,7 @@ namespace tesk::measurement {
 ///         arrowheads         four, a tenth of the radius long
 ///         label              three lines, half way between C and P1; see LabelledMeasurementVisualisation
 ///         axis               Transform3D           from C along N, r / 4 long
-///         centre stroke      ComponentTransform    across the diameter arrow through C, r / 5 long, in the ring's
-///         plane
+///         centre stroke      ComponentTransform    across the diameter arrow through C, r / 5 long
 ///
 /// The shapes below the transforms have one geometry each for all subtrees: ring, axis and stroke in the material of
 /// the line, the spheres in that of the arrowheads.

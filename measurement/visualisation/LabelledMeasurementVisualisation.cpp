@@ -8,6 +8,9 @@
 
 #include <OpenSG/OSGGL.h>
 
+#include <cassert>
+#include <iterator>
+
 namespace tesk::measurement {
 
 namespace {
@@ -121,6 +124,7 @@ void LabelledMeasurementVisualisation::updateMaterial() {
 }
 
 void LabelledMeasurementVisualisation::createBuffers(osg::UInt32 arrowCount) {
+    assert(arrowCount <= std::size(arrowStarts));
     Indices lines, heads;
     for (osg::UInt32 arrow = 0; arrow < arrowCount; ++arrow) {
         const osg::UInt32 start = arrowStarts[arrow];

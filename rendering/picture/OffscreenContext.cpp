@@ -157,6 +157,8 @@ std::vector<std::uint8_t> OffscreenContext::readPixels() const {
     constexpr std::size_t pixelSize = 3;
     const std::size_t rowSize = pixelSize * static_cast<std::size_t>(width);
     std::vector<std::uint8_t> pixels(rowSize * static_cast<std::size_t>(height));
+    // What was refused in drawing, such as a line width below 0, is not missing here.
+    glGetError();
     glBindFramebuffer(GL_READ_FRAMEBUFFER, objects->drawn);
     glBindFramebuffer(GL_DRAW_FRAMEBUFFER, objects->resolved);
     glBlitFramebuffer(0, 0, width, height, 0, 0, width, height, GL_COLOR_BUFFER_BIT, GL_NEAREST);

@@ -2,6 +2,7 @@
 
 #include <platform/cores/Camboard.h>
 #include <platform/cores/Screenboard.h>
+#include <platform/font/FontManager.h>
 
 #include <OpenSG/OSGBlendChunk.h>
 #include <OpenSG/OSGDepthChunk.h>
@@ -140,6 +141,10 @@ std::string sceneText(const osg::NodePtr& node) {
     SceneWriter writer;
     writer.write(node, 0);
     return writer.finish();
+}
+
+bool hasFont() {
+    return font::FontManager::getInstance()->createTXFFace("Arial Unicode MS", osg::TextFace::STYLE_PLAIN, 64.0f);
 }
 
 } // namespace tesk::test

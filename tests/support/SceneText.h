@@ -20,4 +20,7 @@ namespace tesk::test {
 ///     M2: ChunkMaterial (1 0.8 0.3 1), unlit; texture; blending
 std::string sceneText(const osg::NodePtr& node);
 
+/// Whether there is a font for labels. Without one, as in a scene graph built so, they are empty.
+bool hasFont();
+
 } // namespace tesk::test

@@ -23,7 +23,11 @@ constexpr float fullTurn = 6.2831853f;
 template <class Core, class SetUp> SceneNode createNode(const SceneNodes& children, SetUp setUp) {
     typename Core::Ptr core;
     const SceneNode node(osg::makeCoredNode<Core>(&core));
-    setUp(core);
+    {
+        // Some OpenSG draws only what an edit has announced.
+        const osg::CPEditor edit(core);
+        setUp(core);
+    }
     for (const SceneNode& child : children) node->addChild(child);
     return node;
 }

@@ -5,6 +5,7 @@
 #include <OpenSG/OSGTriangleIterator.h>
 
 #include <measurement/geometry/Primitives.h>
+#include <measurement/scene/detail/GeometryRepair.h>
 
 namespace tesk::measurement::detail {
 
@@ -31,8 +32,10 @@ private:
 template <class Visitor> void forEachTriangle(const osg::GeometryPtr& geometry, Visitor visit) {
     const GeometryPositions positions(geometry);
     if (positions.isEmpty()) return;
-    const osg::TriangleIterator end = geometry->endTriangles();
-    for (osg::TriangleIterator it = geometry->beginTriangles(); it != end; ++it) {
+    const osg::RefPtr<osg::GeometryPtr> repaired = createWalkable(geometry);
+    const osg::GeometryPtr walkable = repaired ? repaired.get() : geometry;
+    const osg::TriangleIterator end = walkable->endTriangles();
+    for (osg::TriangleIterator it = walkable->beginTriangles(); it != end; ++it) {
         const osg::Int32 i0 = it.getPositionIndex(0);
         const osg::Int32 i1 = it.getPositionIndex(1);
         const osg::Int32 i2 = it.getPositionIndex(2);
@@ -46,8 +49,10 @@ template <class Visitor> void forEachTriangle(const osg::GeometryPtr& geometry, 
 template <class Visitor>
 void forEachLineByIndex(const osg::GeometryPtr& geometry, const GeometryPositions& positions, Visitor visit) {
     if (positions.isEmpty()) return;
-    const osg::LineIterator end = geometry->endLines();
-    for (osg::LineIterator it = geometry->beginLines(); it != end; ++it) {
+    const osg::RefPtr<osg::GeometryPtr> repaired = createWalkable(geometry);
+    const osg::GeometryPtr walkable = repaired ? repaired.get() : geometry;
+    const osg::LineIterator end = walkable->endLines();
+    for (osg::LineIterator it = walkable->beginLines(); it != end; ++it) {
         const osg::Int32 i0 = it.getPositionIndex(0);
         const osg::Int32 i1 = it.getPositionIndex(1);
         if (positions.contains(i0) && positions.contains(i1)) visit(i0, i1);

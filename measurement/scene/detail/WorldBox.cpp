@@ -1,10 +1,13 @@
 #include <measurement/scene/detail/WorldBox.h>
 
+#include <measurement/scene/detail/GeometryRepair.h>
+
 #include <OpenSG/OSGDynamicVolume.h>
 
 namespace tesk::measurement::detail {
 
 WorldBox getWorldBox(const osg::NodePtr& node) {
+    computeDoubtfulVolumes(node);
     osg::DynamicVolume volume;
     node->getWorldVolume(volume);
     WorldBox box;

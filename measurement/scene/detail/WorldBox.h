@@ -12,7 +12,7 @@ struct WorldBox {
     bool isEmpty;
 };
 
-/// Brings the node's volume up to date. The one place that knows the scene graph's volume class.
+/// Brings the node's volume up to date.
 WorldBox getWorldBox(const osg::NodePtr& node);
 
 } // namespace tesk::measurement::detail

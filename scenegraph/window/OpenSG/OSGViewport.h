@@ -95,9 +95,9 @@ private:
     Real32 getWindowHeight() const;
 
     Real32 left = 0.0f;
-    Real32 right = 1.0f;
+    Real32 right = 0.0f;
     Real32 bottom = 0.0f;
-    Real32 top = 1.0f;
+    Real32 top = 0.0f;
     WindowPtr parent;
     CameraPtr camera;
     NodePtr root;

@@ -98,8 +98,10 @@ TEST(GeometrySliceFactory, ChoosesTheIteratorByLengthsTypesAndIndices) {
     const std::vector<osg::UInt32> some{0, 1, 2};
     // Only the walk over the raw indices finds a triangle in a primitive of length 2.
     const std::pair<Content, std::size_t> rows[] = {
-        {{{4, 5}, {2}, 9, some}, 1}, {{{4}, {2}, 9}, 0},      {{{4}, {2, 0}, 9, some}, 0}, {{{5}, {2}, 9, some}, 0},
-        {{{4}, {}, 9, some}, 1},     {{{}, {3}, 9, some}, 0}, {{{4}, {3}, -1, some}, 0}};
+        {{{4, 5}, {2}, 9, some}, 1}, {{{4}, {2}, 9}, 0},
+        {{{4}, {2, 0}, 9, some}, 0}, {{{5}, {2}, 9, some}, 0},
+        {{{4}, {}, 9, some}, 1},     {{{}, {3}, 9, some}, 0},
+        {{{4}, {3}, -1, some}, 0},   {{{4, 4}, {9, 9}, 9, {0, 1, 2, 4000000000}}, 1}};
     for (const auto& row : rows) {
         const osg::NodeRefPtr node(osg::makeNodeFor(geometryOf(row.first)));
         EXPECT_EQ(slice(node, {1, 0, 0, -0.5f}).size(), row.second) << &row - rows;

@@ -46,4 +46,17 @@ TEST(GenericTriangleIterator, TakesAllPrimitivesApart) {
     EXPECT_EQ(visited<GenericTriangleIterator>(geometry), Indices());
 }
 
+TEST(GenericTriangleIterator, StaysWithinTheVertices) {
+    const std::pair<Content, Indices> rows[] = {{{{4}, {4294967295u}, 9, {0, 1, 2, 3}}, {0, 1, 2}},
+                                                {{{4, 4}, {3}, 9, {0, 1, 2, 3, 4, 5}}, {0, 1, 2}},
+                                                {{{4, 4}, {5, 4}, 9, {0, 1, 2, 3, 4, 5}}, {0, 1, 2, 3, 4, 5}},
+                                                {{{5, 4}, {5, 4}, 8}, {0, 1, 2, 2, 1, 3, 2, 3, 4, 5, 6, 7}},
+                                                {{{4}, {}, 4}, {0, 1, 2}},
+                                                {{{4}, {}, 9, {8, 1, 2, 3, 4}}, {8, 1, 2}},
+                                                {{{7}, {5}, 6}, {0, 1, 2, 0, 2, 3}},
+                                                {{{7}, {5}, 7}, {0, 1, 2, 0, 2, 3, 4, 5, 6}}};
+    for (const auto& [content, expected] : rows)
+        EXPECT_EQ(visited<GenericTriangleIterator>(geometryOf(content)), expected) << testing::PrintToString(expected);
+}
+
 } // namespace tesk::measurement

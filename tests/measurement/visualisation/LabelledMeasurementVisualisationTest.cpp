@@ -91,6 +91,7 @@ osg::DynamicVolume volumeOf(const osg::NodePtr& node) {
 } // namespace
 
 TEST(SimpleMeasurementVisualisation, ShowsAnArrowAndALabelThatShareAllButTheirPoints) {
+    if (!hasFont()) GTEST_SKIP() << "no font";
     const Distance alongX({0, 0, 0}, {10, 0, 0}), alongY({1, 2, 3}, {1, 12, 3});
     const Circle circle({1, 0, 0}, {0, 1, 0}, {-1, 0, 0});
     SimpleMeasurementVisualisation visualisation;
@@ -136,6 +137,7 @@ M6: SimpleMaterial (1 0.8 0.2), unlit; key 64030; lines 2 smooth; blending; over
 }
 
 TEST(SimpleMeasurementVisualisation, WritesTheValueWithTheGivenDigits) {
+    if (!hasFont()) GTEST_SKIP() << "no font";
     const Distance distance({0, 0, 0}, {12.345f, 0, 0});
     SimpleMeasurementVisualisation visualisation;
     visualisation.addMeasurement(&distance);
@@ -167,6 +169,7 @@ TEST(SimpleMeasurementVisualisation, HasSquareHeadsInEveryDirection) {
 }
 
 TEST(SimpleMeasurementVisualisation, ShowsNewColorsAtOnceInWhatIsShown) {
+    if (!hasFont()) GTEST_SKIP() << "no font";
     const Distance distance({0, 0, 0}, {1, 0, 0});
     SimpleMeasurementVisualisation visualisation;
     visualisation.addMeasurement(&distance);
@@ -211,6 +214,7 @@ TEST(SimpleMeasurementVisualisation, KeepsWhatCannotBeDrawnFromHarmingTheRest) {
 }
 
 TEST(SimpleMeasurementVisualisation, RefillsWhatItHas) {
+    if (!hasFont()) GTEST_SKIP() << "no font";
     Distance distance({0, 0, 0}, {123, 0, 0});
     SimpleMeasurementVisualisation visualisation;
     visualisation.addMeasurement(&distance);
@@ -233,6 +237,7 @@ TEST(SimpleMeasurementVisualisation, RefillsWhatItHas) {
 }
 
 TEST(CircleMeasurementVisualisation, ShowsRingMarkersArrowsAndLabel) {
+    if (!hasFont()) GTEST_SKIP() << "no font";
     const Circle circle({11, 2, 3}, {1, 12, 3}, {-9, 2, 3});
     const Distance distance({0, 0, 0}, {1, 0, 0});
     CircleMeasurementVisualisation visualisation;

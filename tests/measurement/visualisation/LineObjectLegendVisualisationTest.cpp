@@ -10,6 +10,7 @@
 namespace tesk::measurement {
 
 TEST(LineObjectLegendVisualisation, ShowsTheActiveLineObjectMeasurementInABox) {
+    if (!test::hasFont()) GTEST_SKIP() << "no font";
     LineObjectLegendVisualisation legend;
     const GapMeasurement gap(nullptr);
     legend.setActiveMeasurement(&gap);

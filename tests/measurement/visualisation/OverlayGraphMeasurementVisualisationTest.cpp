@@ -55,6 +55,7 @@ protected:
 };
 
 TEST_F(OverlayGraphTest, ShowsTheActiveMeasurementWithItsSettings) {
+    if (!test::hasFont()) GTEST_SKIP() << "no font";
     show(4);
     EXPECT_EQ(roundedPointsOf(frame), "2 0  20 0  20 2  2 2  ");
     EXPECT_EQ(roundedPointsOf(lines), "2 1.8  20 1.8  2 1.44  20 1.44  2 1.08  20 1.08  ");
@@ -84,6 +85,7 @@ TEST_F(OverlayGraphTest, ShowsTheActiveMeasurementWithItsSettings) {
 }
 
 TEST_F(OverlayGraphTest, SpreadsAndReadsOutAtTheMouse) {
+    if (!test::hasFont()) GTEST_SKIP() << "no font";
     show(4);
     const osg::UInt32 labelGlyphs = positionsOf(text)->size();
     moveMouseTo(9, 1);

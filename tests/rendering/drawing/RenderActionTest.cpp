@@ -1,92 +1,26 @@
+#include "DrawnScene.h"
+
 #include <OpenSG/OSGDepthChunk.h>
 #include <OpenSG/OSGDirectionalLight.h>
 #include <OpenSG/OSGDistanceLOD.h>
 #include <OpenSG/OSGGeometry.h>
+#include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGLineChunk.h>
-#include <OpenSG/OSGMatrixCamera.h>
-#include <OpenSG/OSGMatrixUtility.h>
-#include <OpenSG/OSGPassiveWindow.h>
 #include <OpenSG/OSGPointChunk.h>
-#include <OpenSG/OSGRenderAction.h>
 #include <OpenSG/OSGSimpleGeometry.h>
 #include <OpenSG/OSGSimpleMaterial.h>
-#include <OpenSG/OSGSolidBackground.h>
 #include <OpenSG/OSGTextureChunk.h>
 #include <OpenSG/OSGTransform.h>
-#include <OpenSG/OSGViewport.h>
-#include <rendering/picture/OffscreenContext.h>
 #include <support/Random.h>
 #include <support/Scenes.h>
 
-#include <GL/gl.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <memory>
-
-extern "C" GLboolean glIsBuffer(GLuint name);
 
 namespace tesk::test {
 
 namespace {
-
-/// A picture of a scene before black, seen along -z: x and y from -1 to 1 fill it, z counts from -1 to 1.
-class DrawnScene {
-public:
-    static constexpr int size = 64;
-
-    explicit DrawnScene(const SceneNode& root) : scene(root) {
-        osg::Matrix projection;
-        osg::MatrixOrthogonal(projection, -1.0f, 1.0f, -1.0f, 1.0f, -1.0f, 1.0f);
-        camera->setProjectionMatrix(projection);
-        viewport->setCamera(camera);
-        viewport->setBackground(background);
-        viewport->setRoot(scene);
-        window->init();
-        window->resize(size, size);
-        window->addPort(viewport);
-        draw();
-    }
-
-    void draw() {
-        context.makeCurrent();
-        window->render(action.get());
-        pixels = context.readPixels();
-    }
-    osg::RenderAction& getAction() { return *action; }
-    void dropAction() { action.reset(); }
-
-    /// 0xrrggbb, each component rounded to one of 00, 33, 66, 99, cc, ff.
-    std::uint32_t colorAt(float x, float y) const {
-        const auto toPixel = [](float place) { return static_cast<int>((place + 1.0f) / 2.0f * float(size)); };
-        return pixel((size - 1 - toPixel(y)) * size + toPixel(x));
-    }
-    /// Pixels of that colour in the whole picture.
-    int count(std::uint32_t color) const {
-        int found = 0;
-        for (int index = 0; index < size * size; ++index) found += pixel(index) == color;
-        return found;
-    }
-
-private:
-    std::uint32_t pixel(int index) const {
-        std::uint32_t color = 0;
-        for (int component = 3 * index; component < 3 * index + 3; ++component)
-            color = color * 0x100 + (pixels[static_cast<std::size_t>(component)] + 25u) / 51u * 0x33u;
-        return color;
-    }
-
-    rendering::OffscreenContext context{size, size, 0};
-    osg::RefPtr<osg::PassiveWindowPtr> window{osg::PassiveWindow::create()};
-    osg::RefPtr<osg::MatrixCameraPtr> camera{osg::MatrixCamera::create()};
-    osg::RefPtr<osg::SolidBackgroundPtr> background{osg::SolidBackground::create()};
-    osg::RefPtr<osg::ViewportPtr> viewport{osg::Viewport::create()};
-    SceneNode scene;
-    std::unique_ptr<osg::RenderAction> action{osg::RenderAction::create()};
-    std::vector<std::uint8_t> pixels;
-};
-
-constexpr std::uint32_t red = 0xff0000, green = 0x00ff00, blue = 0x0000ff, white = 0xffffff, black = 0;
 
 struct Look {
     osg::Color3f color;
@@ -133,12 +67,6 @@ osg::DepthChunkPtr depth(bool test, bool readOnly) {
     chunk->setEnable(test);
     chunk->setReadOnly(readOnly);
     return chunk;
-}
-
-int countBuffers() {
-    int count = 0;
-    for (GLuint name = 1; name < 10000; ++name) count += glIsBuffer(name);
-    return count;
 }
 
 } // namespace

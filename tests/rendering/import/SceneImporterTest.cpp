@@ -1,5 +1,6 @@
 #include <rendering/import/SceneImporter.h>
 
+#include <OpenSG/OSGNodeCore.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <support/Random.h>

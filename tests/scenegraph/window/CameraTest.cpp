@@ -15,6 +15,7 @@ TEST(Camera, ProjectsByAngleOrSizeAndSeesTheRayOfAPixelAsAPoint) {
     osg::osgInit(0, nullptr);
     const osg::WindowRefPtr window(osg::PassiveWindow::create());
     const osg::ViewportRefPtr viewport(osg::Viewport::create());
+    viewport->setSize(0, 0, 1, 1);
     const osg::PerspectiveCameraRefPtr perspective(osg::PerspectiveCamera::create());
     const osg::OrthographicCameraRefPtr orthographic(osg::OrthographicCamera::create());
     const osg::NodeRefPtr beacon(osg::makeCoredNode<osg::Transform>());
