@@ -1,3 +1,8 @@
+// Under sanitizers GCC 12 takes the standard library's regular expressions to read what was never written.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
+#endif
+
 #include <measurement/model/CircleMeasurement.h>
 #include <measurement/model/PointPointMeasurement.h>
 #include <measurement/visualisation/CircleMeasurementVisualisation.h>
