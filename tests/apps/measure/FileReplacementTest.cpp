@@ -34,7 +34,7 @@ protected:
     }
     std::ptrdiff_t fileCount() const { return std::distance(fs::directory_iterator(folder), fs::directory_iterator()); }
 
-    const fs::path folder = fs::path(testing::TempDir()) / "FileReplacementTest";
+    const fs::path folder = fs::path(testing::TempDir()) / ("FileReplacementTest-" + std::to_string(getpid()));
     const std::string path = folder / "file";
 };
 
