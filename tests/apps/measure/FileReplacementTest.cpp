@@ -1,6 +1,7 @@
 #include <apps/measure/FileReplacement.h>
 
 #include <apps/measure/Failure.h>
+#include <support/TemporaryFolder.h>
 
 #include <gtest/gtest.h>
 
@@ -21,35 +22,32 @@ namespace fs = std::filesystem;
 /// A folder with an old file in it.
 class FileReplacementTest : public testing::Test {
 protected:
-    FileReplacementTest() {
-        fs::remove_all(folder);
-        fs::create_directory(folder);
-        std::ofstream(path) << "old";
-    }
-    ~FileReplacementTest() override { fs::remove_all(folder); }
+    FileReplacementTest() { folder.write("file", "old"); }
 
     std::string content() const {
         std::ifstream file(path);
         return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     }
-    std::ptrdiff_t fileCount() const { return std::distance(fs::directory_iterator(folder), fs::directory_iterator()); }
+    std::ptrdiff_t fileCount() const {
+        return std::distance(fs::directory_iterator(folder.file("")), fs::directory_iterator());
+    }
 
-    const fs::path folder = fs::path(testing::TempDir()) / ("FileReplacementTest-" + std::to_string(getpid()));
-    const std::string path = folder / "file";
+    const test::TemporaryFolder folder;
+    const std::string path = folder.file("file");
 };
 
 } // namespace
 
 TEST_F(FileReplacementTest, ShowsTheNewFileWhenItIsComplete) {
     fs::permissions(path, fs::perms::owner_all);
-    fs::create_symlink("file", folder / "link");
-    FileReplacement file(folder / "link");
+    fs::create_symlink("file", folder.file("link"));
+    FileReplacement file(folder.file("link"));
     file.write("new ");
     file.write("file");
     EXPECT_EQ(content(), "old");
     file.commit();
     EXPECT_EQ(content(), "new file");
-    EXPECT_TRUE(fs::is_symlink(folder / "link"));
+    EXPECT_TRUE(fs::is_symlink(folder.file("link")));
     EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_all);
     EXPECT_EQ(fileCount(), 2);
 }
@@ -84,7 +82,7 @@ TEST_F(FileReplacementTest, RefusesWhatIsNoFile) {
     for (const char* other : {"/dev/null", "/", "", "missing/file"}) {
         EXPECT_THROW(checkReplaceable(other), Failure) << other;
     }
-    EXPECT_NO_THROW(checkReplaceable(folder / "another"));
+    EXPECT_NO_THROW(checkReplaceable(folder.file("another")));
 }
 
 } // namespace tesk::measure

@@ -3,13 +3,12 @@
 #include <apps/measure/Failure.h>
 #include <apps/measure/JsonReport.h>
 #include <support/Scenes.h>
+#include <support/TemporaryFolder.h>
 
 #include <OpenSG/OSGBaseFunctions.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdio>
-#include <fstream>
 
 namespace tesk::measure {
 
@@ -23,7 +22,6 @@ using test::quad;
 class MeasurementSessionTest : public testing::Test {
 protected:
     static void SetUpTestSuite() { osg::osgInit(0, nullptr); }
-    ~MeasurementSessionTest() override { std::remove(path.c_str()); }
 
     static std::vector<SceneFile> scene(bool hasLine) {
         std::vector<measurement::Segment> segments;
@@ -60,7 +58,8 @@ protected:
         }
     }
 
-    const std::string path = testing::TempDir() + "MeasurementSessionTest.xml";
+    const test::TemporaryFolder folder;
+    const std::string path = folder.file("saved.xml");
 };
 
 } // namespace
@@ -96,9 +95,9 @@ TEST_F(MeasurementSessionTest, RefusesTooManySamples) {
 }
 
 TEST_F(MeasurementSessionTest, CountsTheSamplesOfAllMeasurementsTogether) {
-    std::ofstream(path)
-        << "<Measurements><GapMeasurement node1='low' node2='high'>"
-           "<Point2 x='0.6' y='0' z='0'/><SampleDistance value='1e-7'/></GapMeasurement></Measurements>";
+    folder.write("saved.xml",
+                 "<Measurements><GapMeasurement node1='low' node2='high'>"
+                 "<Point2 x='0.6' y='0' z='0'/><SampleDistance value='1e-7'/></GapMeasurement></Measurements>");
     Options options = gap(1e-7f);
     options.document = path;
     EXPECT_EQ(runSession(options).substr(0, 12), "14000001 sam");

@@ -3,13 +3,13 @@
 #include <apps/measure/Failure.h>
 #include <apps/measure/PictureLayout.h>
 #include <support/Scenes.h>
+#include <support/TemporaryFolder.h>
 
 #include <OpenSG/OSGBaseFunctions.h>
 #include <gtest/gtest.h>
 #include <png.h>
 
 #include <cmath>
-#include <cstdio>
 #include <filesystem>
 
 namespace tesk::measure {
@@ -27,10 +27,9 @@ struct Area {
 class PictureTest : public testing::Test {
 protected:
     static void SetUpTestSuite() { osg::osgInit(0, nullptr); }
-    ~PictureTest() override { std::filesystem::remove(options.picture.file); }
 
     PictureTest() {
-        options.picture.file = testing::TempDir() + "PictureTest.png";
+        options.picture.file = folder.file("picture.png");
         options.picture.size = {width, height};
         options.picture.background = osg::Color3f(0, 0, 0.2f);
         options.step = 0.1f;
@@ -82,6 +81,7 @@ protected:
     static constexpr int width = 320, height = 240;
     /// The frame of the chart, and the box of the legend.
     const Area chart{30, 210, 210, 240}, legend{235, 0, width, 40};
+    const test::TemporaryFolder folder;
     Options options;
     std::vector<png_byte> pixels;
 };

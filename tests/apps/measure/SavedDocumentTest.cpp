@@ -1,12 +1,10 @@
 #include <apps/measure/SavedDocument.h>
 
 #include <apps/measure/Failure.h>
+#include <support/TemporaryFolder.h>
 
 #include <OpenSG/OSGBaseFunctions.h>
 #include <gtest/gtest.h>
-
-#include <cstdio>
-#include <fstream>
 
 namespace tesk::measure {
 
@@ -15,12 +13,8 @@ namespace {
 class SavedDocumentTest : public testing::Test {
 protected:
     static void SetUpTestSuite() { osg::osgInit(0, nullptr); }
-    ~SavedDocumentTest() override { std::remove(path.c_str()); }
 
-    SavedDocument read(const std::string& text) const {
-        std::ofstream(path, std::ios::binary) << text;
-        return SavedDocument(path);
-    }
+    SavedDocument read(const std::string& text) const { return SavedDocument(folder.write("saved.xml", text)); }
 
     /// What the failure says after the file's name.
     std::string failure(const std::string& text) const {
@@ -32,7 +26,8 @@ protected:
         }
     }
 
-    const std::string path = testing::TempDir() + "SavedDocumentTest.xml";
+    const test::TemporaryFolder folder;
+    const std::string path = folder.file("saved.xml");
 };
 
 std::string gap(const std::string& content) {

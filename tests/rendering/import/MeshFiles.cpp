@@ -118,26 +118,17 @@ void dumpNode(std::ostream& stream, const osg::NodePtr& node) {
 
 } // namespace
 
-TemporaryFolder::TemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "mesh_files_XXXXXX").string();
-    path = mkdtemp(pattern.data());
-}
-
-std::string TemporaryFolder::write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(path / name, std::ios::binary) << bytes;
-    return (path / name).string();
-}
-
-std::string TemporaryFolder::writeAssembly(const std::string& extension) const {
+std::string writeAssembly(const TemporaryFolder& folder, const std::string& extension) {
     const std::string name = "assembly." + extension;
     const std::map<std::string, std::string> contents{{"stl", stl}, {"obj", obj}, {"ply", ply},
                                                       {"off", off}, {"dae", dae}, {"glb", glb()}};
-    if (const auto content = contents.find(extension); content != contents.end()) return write(name, content->second);
+    if (const auto content = contents.find(extension); content != contents.end())
+        return folder.write(name, content->second);
     if (extension == "gltf") {
-        write("buffer.bin", gltfBuffer());
-        return write(name, gltf(R"(,"uri":"buffer.bin")"));
+        folder.write("buffer.bin", gltfBuffer());
+        return folder.write(name, gltf(R"(,"uri":"buffer.bin")"));
     }
-    const std::string file = (path / name).string();
+    const std::string file = folder.file(name);
     writeZip(file, "_rels/.rels",
              R"(<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships"><Relationship Id="r"
              Target="/3D/3dmodel.model" Type="http://schemas.microsoft.com/3dmanufacturing/2013/01/3dmodel"/>

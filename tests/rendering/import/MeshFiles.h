@@ -1,5 +1,7 @@
 #pragma once
 
+#include <support/TemporaryFolder.h>
+
 #include <OpenSG/OSGNode.h>
 
 #include <filesystem>
@@ -8,20 +10,9 @@
 /// Mesh files made from code, and what they are as scenes.
 namespace tesk::test {
 
-/// A folder of one test's own, removed with its content.
-class TemporaryFolder {
-public:
-    TemporaryFolder();
-    ~TemporaryFolder() { std::filesystem::remove_all(path); }
-
-    /// The full name of the file written.
-    std::string write(const std::string& name, const std::string& bytes) const;
-    /// The same for an assembly in the format that the extension says, called assembly, with the files beside it.
-    std::string writeAssembly(const std::string& extension) const;
-
-private:
-    std::filesystem::path path;
-};
+/// Writes an assembly in the format that the extension says, called assembly, with the files beside it, and returns its
+/// full name.
+std::string writeAssembly(const TemporaryFolder& folder, const std::string& extension);
 
 std::string readBytes(const std::string& file);
 

@@ -55,7 +55,7 @@ TEST_F(SceneImporter, KeepsTreeNamesTransformsAndOrder) {
     const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaForPoint));
     for (const auto& row : rows) {
         SCOPED_TRACE(row.format);
-        const std::string file = folder.writeAssembly(row.format);
+        const std::string file = writeAssembly(folder, row.format);
         const ImportResult result = importScene(file);
         EXPECT_EQ(result.error, "");
         EXPECT_EQ(test::dump(result.root), row.scene);
@@ -63,7 +63,7 @@ TEST_F(SceneImporter, KeepsTreeNamesTransformsAndOrder) {
     }
     std::locale::global(before);
 
-    const ImportResult shared = importScene(folder.writeAssembly("glb"));
+    const ImportResult shared = importScene(writeAssembly(folder, "glb"));
     const osg::NodePtr assembly = shared.root->getChild(0);
     EXPECT_EQ(assembly->getChild(0)->getChild(0)->getCore(), assembly->getChild(1)->getCore()) << "one mesh, two nodes";
 }
@@ -76,7 +76,7 @@ TEST_F(SceneImporter, GivesNamesInOneLineOfUtf8) {
 
 TEST_F(SceneImporter, NamesFileAndCauseOfFailure) {
     std::filesystem::create_directory(folder.write("folder", "") + ".stl");
-    std::string levels, deepScene = test::readBytes(folder.writeAssembly("gltf"));
+    std::string levels, deepScene = test::readBytes(writeAssembly(folder, "gltf"));
     for (int node = 6; node < 1200; ++node) levels += ",{\"children\":[" + std::to_string(node) + "]}";
     deepScene.insert(deepScene.find("],\n        \"cameras\""), levels + ",{\"children\":[0]}");
     deepScene.replace(deepScene.find("[0]"), 3, "[5]");
@@ -139,7 +139,7 @@ TEST_F(SceneImporter, BearsDamagedFiles) {
     test::Random random(5);
     int failures = 0, scenes = 0;
     for (const char* format : formats) {
-        const std::string bytes = test::readBytes(folder.writeAssembly(format));
+        const std::string bytes = test::readBytes(writeAssembly(folder, format));
         const auto size = static_cast<std::uint32_t>(bytes.size());
         for (int run = 0; run < 60; ++run) {
             std::string damaged = bytes;
