@@ -14,7 +14,6 @@
 namespace {
 
 constexpr std::string_view closePairOption = "--close_pair_limit=";
-constexpr std::string_view lineObjectOption = "--line_object_limit=";
 constexpr std::string_view formatOption = "--benchmark_format=";
 
 /// Takes the option, if it is there, out of the arguments. False when its value is no number.
@@ -34,10 +33,9 @@ bool takeLimit(std::vector<char*>& arguments, std::string_view option, std::size
 
 int main(int argc, char** argv) {
     std::vector<char*> arguments(argv, argv + argc);
-    std::size_t closePairLimit = 100'000, lineObjectLimit = 100'000'000;
-    if (!takeLimit(arguments, closePairOption, closePairLimit) ||
-        !takeLimit(arguments, lineObjectOption, lineObjectLimit)) {
-        std::cerr << closePairOption << "N, " << lineObjectOption << "N: N is a number of triangles\n";
+    std::size_t closePairLimit = 100'000;
+    if (!takeLimit(arguments, closePairOption, closePairLimit)) {
+        std::cerr << closePairOption << "N: N is a number of triangles\n";
         return 2;
     }
     const bool namesFormat = std::any_of(arguments.begin(), arguments.end(), [](const char* argument) {
@@ -56,7 +54,7 @@ int main(int argc, char** argv) {
     addPointObject();
     addSlicing();
     addGap(closePairLimit);
-    addLineObject(lineObjectLimit);
+    addLineObject();
     addFiles();
     addVisualisation();
     TableReporter table;

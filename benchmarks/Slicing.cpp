@@ -5,6 +5,7 @@
 
 #include <measurement/section/GeometrySliceFactory.h>
 
+#include <cmath>
 #include <list>
 
 namespace tesk::benchmarks {
@@ -15,23 +16,30 @@ const Shape shape{"bumpySphere", test::bumpySphere};
 const osg::Pnt3f centre(1, 2, 3);
 
 /// Parallel planes, along no axis, evenly through the shape but for its ends.
-std::vector<osg::Vec4f> createPlanes(std::size_t planeCount) {
-    const osg::Vec3f normal(0.36f, 0.48f, 0.8f);
-    std::vector<osg::Vec4f> planes;
-    for (std::size_t i = 0; i < planeCount; ++i) {
-        const float height = 1.8f * (static_cast<float>(i) + 0.5f) / static_cast<float>(planeCount) - 0.9f;
-        planes.emplace_back(normal[0], normal[1], normal[2], -height - normal.dot(osg::Vec3f(centre)));
+struct Planes {
+    osg::Vec3f normal{0.36f, 0.48f, 0.8f};
+    std::vector<float> offsets;
+
+    explicit Planes(std::size_t count) {
+        for (std::size_t i = 0; i < count; ++i) {
+            const float height = 1.8f * (static_cast<float>(i) + 0.5f) / static_cast<float>(count) - 0.9f;
+            offsets.push_back(-height - normal.dot(osg::Vec3f(centre)));
+        }
     }
-    return planes;
+    osg::Vec4f get(std::size_t i) const { return {normal[0], normal[1], normal[2], offsets[i]}; }
+};
+
+bool areClose(const osg::Pnt3f& a, const osg::Pnt3f& b) {
+    const float rounding = 1e-5f;
+    return std::fabs(a[0] - b[0]) < rounding && std::fabs(a[1] - b[1]) < rounding && std::fabs(a[2] - b[2]) < rounding;
 }
 
 /// Where a plane meets a vertex, the slice may have a segment once in each direction.
 bool leadsBack(const measurement::Segment& segment, const measurement::Segment& previous) {
-    const float rounding = 1e-5f;
-    return segment.start.dist(previous.end) < rounding && segment.end.dist(previous.start) < rounding;
+    return areClose(segment.start, previous.end) && areClose(segment.end, previous.start);
 }
 
-double lengthOf(const std::list<measurement::Segment>& outline) {
+template <class Outline> double lengthOf(const Outline& outline) {
     double length = 0.0;
     const measurement::Segment* previous = nullptr;
     for (const measurement::Segment& segment : outline) {
@@ -41,25 +49,29 @@ double lengthOf(const std::list<measurement::Segment>& outline) {
     return length;
 }
 
-/// From the scene node to the length of the last outline. Ours begins anew with every plane, the peers build once.
+/// From the scene node to the lengths of all outlines.
 void measureSlices(benchmark::State& state, std::size_t triangleCount, std::size_t planeCount) {
     const PlacedMesh mesh(shape, triangleCount, test::translated(centre[0], centre[1], centre[2]));
-    const std::vector<osg::Vec4f> planes = createPlanes(planeCount);
+    const Planes planes(planeCount);
     const SlicePeers peers = createSlicePeers(mesh.world);
     std::vector<std::vector<double>> peerLengths(peers.size(), std::vector<double>(planeCount));
     std::vector<double> lengths(planeCount);
-    std::list<measurement::Segment> outline;
     const auto measureOurs = [&] {
-        for (std::size_t p = 0; p < planeCount; ++p) {
-            measurement::GeometrySliceFactory().createSlice(mesh.object, planes[p], outline);
-            lengths[p] = lengthOf(outline);
+        if (planeCount == 1) {
+            std::list<measurement::Segment> outline;
+            measurement::GeometrySliceFactory().createSlice(mesh.object, planes.get(0), outline);
+            lengths[0] = lengthOf(outline);
+        } else {
+            auto length = lengths.begin();
+            const auto visit = [&](const std::vector<measurement::Segment>& outline) { *length++ = lengthOf(outline); };
+            measurement::GeometrySliceFactory().createSlices(mesh.object, planes.normal, planes.offsets, visit);
         }
     };
     std::vector<Contestant> contestants{{"ours", measureOurs}};
     for (std::size_t i = 0; i < peers.size(); ++i) {
         const auto work = [&, i] {
             peers[i]->build();
-            for (std::size_t p = 0; p < planeCount; ++p) peerLengths[i][p] = peers[i]->findOutlineLength(planes[p]);
+            for (std::size_t p = 0; p < planeCount; ++p) peerLengths[i][p] = peers[i]->findOutlineLength(planes.get(p));
         };
         contestants.push_back({peers[i]->getName(), work, [&, i] { peers[i]->clear(); }});
     }

@@ -17,8 +17,7 @@ void addPointObject();
 void addSlicing();
 /// As for addTreeSearch().
 void addGap(std::size_t closePairLimit);
-/// Nothing is measured where samples times triangles are more than `lineObjectLimit`.
-void addLineObject(std::size_t lineObjectLimit);
+void addLineObject();
 void addFiles();
 void addVisualisation();
 

@@ -1,15 +1,25 @@
 #include <measurement/scene/ObjectObjectDistanceCalculator.h>
 
+#include <measurement/acceleration/TreeDistance.h>
 #include <measurement/geometry/detail/Constants.h>
 #include <measurement/scene/ChildEnumerator.h>
-#include <measurement/scene/DistanceBoundingVolumeTree.h>
 #include <measurement/scene/detail/CandidateQueue.h>
+#include <measurement/scene/detail/GeometrySnapshot.h>
 #include <measurement/scene/detail/WorldBox.h>
 
 #include <algorithm>
 #include <vector>
 
 namespace tesk::measurement {
+
+/// A node's own triangles in world coordinates.
+struct detail::LeafTree {
+    GeometrySnapshot snapshot;
+    acceleration::LazyTree tree;
+
+    explicit LeafTree(const osg::NodePtr& node)
+        : snapshot(osg::GeometryPtr::dcast(node->getCore()), node->getToWorld()), tree(snapshot.getMesh()) {}
+};
 
 namespace {
 
@@ -105,7 +115,7 @@ void ObjectObjectDistanceCalculator::refineCandidatePair(const osg::NodePtr& fir
 }
 
 void ObjectObjectDistanceCalculator::testGeometries(const osg::NodePtr& first, const osg::NodePtr& second) {
-    const DistanceBoundingVolumeTree search(getTree(first), getTree(second), squaredDistance);
+    const acceleration::TreeDistance search(getTree(first).tree, getTree(second).tree, squaredDistance);
     nodePairCount += search.getNodePairCount();
     trianglePairCount += search.getTrianglePairCount();
     if (search.getSquaredDistance() < squaredDistance) {
@@ -117,10 +127,10 @@ void ObjectObjectDistanceCalculator::testGeometries(const osg::NodePtr& first, c
     }
 }
 
-const BoundingVolumeTree& ObjectObjectDistanceCalculator::getTree(const osg::NodePtr& node) {
-    const auto [entry, isNew] = trees.try_emplace(node);
-    if (isNew) entry->second.build(node, false);
-    return entry->second;
+detail::LeafTree& ObjectObjectDistanceCalculator::getTree(const osg::NodePtr& node) {
+    std::unique_ptr<detail::LeafTree>& tree = trees[node];
+    if (!tree) tree = std::make_unique<detail::LeafTree>(node);
+    return *tree;
 }
 
 } // namespace tesk::measurement

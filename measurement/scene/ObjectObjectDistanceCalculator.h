@@ -2,7 +2,7 @@
 
 #include <OpenSG/OSGNode.h>
 
-#include <measurement/scene/BoundingVolumeTree.h>
+#include <measurement/Export.h>
 
 #include <cstdint>
 #include <map>
@@ -12,7 +12,8 @@ namespace tesk::measurement {
 
 namespace detail {
 template <class CandidatePair> class CandidateQueue;
-}
+struct LeafTree;
+} // namespace detail
 
 /// The smallest distance between the geometries of two scene subtrees, the two closest points and
 /// the two nodes that carry them.
@@ -32,8 +33,8 @@ template <class CandidatePair> class CandidateQueue;
 /// are good as long as the objects live. A calculator may be used again and again; nothing of one
 /// calculation but its results outlives it.
 ///
-/// Cost: one bounding volume tree for every leaf node whose box is close enough, and the searches
-/// between them.
+/// Cost: for every leaf node whose box is close enough one bounding volume tree, of which only those parts are built
+/// that a search looks into, and the searches between the trees.
 ///
 /// Method: best-first search over pairs of nodes by the distance of their world boxes (Hjaltason
 /// and Samet, Distance browsing in spatial databases, 1999).
@@ -81,7 +82,7 @@ private:
     void refineCandidateList();
     void refineCandidatePair(const osg::NodePtr& first, const osg::NodePtr& second);
     void testGeometries(const osg::NodePtr& first, const osg::NodePtr& second);
-    const BoundingVolumeTree& getTree(const osg::NodePtr& node);
+    detail::LeafTree& getTree(const osg::NodePtr& node);
 
     osg::NodePtr node1;
     osg::NodePtr node2;
@@ -89,7 +90,7 @@ private:
     osg::Pnt3f point2{0.0f, 0.0f, 0.0f};
     float squaredDistance = 0.0f;
     std::unique_ptr<detail::CandidateQueue<CandidatePair>> candidates;
-    std::map<osg::NodePtr, BoundingVolumeTree> trees;
+    std::map<osg::NodePtr, std::unique_ptr<detail::LeafTree>> trees;
     std::uint64_t nodePairCount = 0;
     std::uint64_t trianglePairCount = 0;
 };

@@ -1,10 +1,8 @@
 #include <measurement/scene/PointObjectDistanceCalculator.h>
 
-#include <measurement/geometry/DistanceSegmentPoint.h>
-#include <measurement/geometry/DistanceTrianglePoint.h>
-#include <measurement/geometry/Validity.h>
 #include <measurement/geometry/detail/Constants.h>
-#include <measurement/scene/detail/GeometryPrimitives.h>
+#include <measurement/scene/detail/GeometryArrays.h>
+#include <measurement/scene/detail/PrimitiveRank.h>
 #include <measurement/scene/detail/SubtreeWalk.h>
 
 namespace tesk::measurement {
@@ -31,20 +29,16 @@ void PointObjectDistanceCalculator::testGeometry(const osg::NodePtr& candidate) 
     osg::Pnt3f localPoint;
     toLocal.multMatrixPnt(point, localPoint);
 
-    const auto keep = [&](const auto& query) {
-        squaredDistance = query.getSquaredDistance();
-        node = candidate;
-        toWorld.multMatrixPnt(query.getClosestPoint(), closestPoint);
-    };
-    detail::forEachTriangle(geometry, [&](const Triangle& triangle) {
-        const DistanceTrianglePoint query(triangle, osg::Vec3f(localPoint));
-        // A degenerate triangle may pair the distance 0 with a point that is not a number.
-        if (query.getSquaredDistance() < squaredDistance && isValid(query.getClosestPoint())) keep(query);
-    });
-    detail::forEachLine(geometry, [&](const Segment& segment) {
-        const DistanceSegmentPoint query(segment, localPoint);
-        if (query.getSquaredDistance() < squaredDistance) keep(query);
-    });
+    const detail::GeometryArrays arrays(geometry);
+    acceleration::NearestPrimitive nearest;
+    // Earlier geometries have lower ranks than any primitive of this one, so that equal distances stay theirs.
+    nearest.squaredDistance = squaredDistance;
+    acceleration::scan(arrays.getTriangles(), localPoint, detail::rankOfTriangles(0), nearest);
+    acceleration::scan(arrays.getSegments(), localPoint, detail::rankOfSegments(0), nearest);
+    if (!nearest.isFound) return;
+    squaredDistance = nearest.squaredDistance;
+    node = candidate;
+    toWorld.multMatrixPnt(nearest.point, closestPoint);
 }
 
 } // namespace tesk::measurement

@@ -9,6 +9,7 @@
 #include <measurement/section/detail/SampleStatistics.h>
 
 #include <cmath>
+#include <vector>
 
 namespace tesk::measurement {
 
@@ -30,11 +31,36 @@ struct Track {
         if (!(length <= detail::largestFloat)) length = 0.0f;
     }
 
-    /// The plane across the track at distance t from its start.
-    osg::Vec4f planeAt(float t) const {
-        const osg::Pnt3f place = detail::pointAt(start, t, direction);
-        return {direction[0], direction[1], direction[2], -detail::dot(direction, osg::Vec3f(place))};
+    /// That of the plane across the track at distance t from its start, whose normal is the direction.
+    float offsetAt(float t) const { return -detail::dot(direction, osg::Vec3f(detail::pointAt(start, t, direction))); }
+};
+
+/// The steps along a track.
+class Steps {
+public:
+    Steps(const Track& trackToSample, float sampleDistance) : track(trackToSample), step(sampleDistance) {}
+
+    bool areLeft() const { return !isDone; }
+    /// Offsets of the next planes, of as many as are worth cutting with at once.
+    std::vector<float> takeOffsets() {
+        std::vector<float> offsets;
+        while (!isDone && offsets.size() < planesAtOnce) {
+            offsets.push_back(track.offsetAt(t));
+            const float next = t + step;
+            // Also ends a track that does not go on: both are false for NaN.
+            isDone = !(next > t && next <= track.length);
+            t = next;
+        }
+        return offsets;
     }
+
+private:
+    static constexpr std::size_t planesAtOnce = 4096;
+
+    const Track& track;
+    float step;
+    float t = 0.0f;
+    bool isDone = false;
 };
 
 } // namespace
@@ -74,16 +100,12 @@ void GapMeasurement::sampleTrack() {
     BoundingVolumeTree tree2;
     tree2.build(object2, true);
     const Track track(point1, point2);
-    GeometrySliceFactory factory;
-    std::list<Segment> outline;
-    float t = 0.0f, next = 0.0f;
-    do {
-        t = next;
-        factory.createSlice(object1, track.planeAt(t), outline);
-        if (!outline.empty()) addSample(outline, tree2);
-        next = t + sampleDistance;
-        // Also ends a track that does not go on: both are false for NaN.
-    } while (next > t && next <= track.length);
+    for (Steps steps(track, sampleDistance); steps.areLeft();) {
+        const auto addOutline = [&](const std::vector<Segment>& outline) {
+            if (!outline.empty()) addSample({outline.begin(), outline.end()}, tree2);
+        };
+        GeometrySliceFactory().createSlices(object1, track.direction, steps.takeOffsets(), addOutline);
+    }
 }
 
 void GapMeasurement::addSample(const std::list<Segment>& outline, const BoundingVolumeTree& tree2) {

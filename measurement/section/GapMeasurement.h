@@ -26,7 +26,7 @@ struct Segment;
 /// A sample distance that is not positive, not a number or too small to change the place on the track leaves it at the
 /// place reached, the start if it is so from the beginning.
 ///
-/// Cost of an update: for each step a slice of the first object, then the search between that outline and a hierarchy
+/// Cost of an update: for all steps together one slicing, for each the search between its outline and a hierarchy
 /// over the second object, which is built once. It keeps one pair of points for each sample.
 ///
 /// \code

@@ -5,7 +5,9 @@
 #include <measurement/Export.h>
 #include <measurement/geometry/Primitives.h>
 
+#include <functional>
 #include <list>
+#include <vector>
 
 namespace tesk::measurement {
 
@@ -26,7 +28,8 @@ namespace tesk::measurement {
 /// 16 bits, by TriListI32TriangleIterator, whatever its index mapping: with two indices for a vertex, as in a sphere of
 /// osg::makeSphere(), the outline is that of wrongly joined vertices. All others are read by GenericTriangleIterator.
 ///
-/// Cost: linear in the nodes met and in the triangles of the geometries that the plane may meet.
+/// Cost: linear in the nodes met and in the triangles of the geometries that the plane may meet. Parallel planes at
+/// once cost little more than one of them and the segments that come out.
 ///
 /// \code
 /// std::list<Segment> outline;
@@ -34,14 +37,18 @@ namespace tesk::measurement {
 /// \endcode
 class TESK_MEASUREMENT_EXPORT GeometrySliceFactory {
 public:
+    using OutlineVisitor = std::function<void(const std::vector<Segment>& outline)>;
+
     /// Replaces what the list holds by the outline; by nothing for a null node.
     void createSlice(const osg::NodePtr& node, const osg::Vec4f& cuttingPlane, std::list<Segment>& outline);
+    /// Calls visit(outline) for each of the planes (normal, offset), one after the other: with the segments that
+    /// createSlice() gives for it, perhaps none. An outline is there for the time of the call, during which the scene
+    /// must not change. Memory does not grow with the number of planes.
+    void createSlices(const osg::NodePtr& node, const osg::Vec3f& normal, const std::vector<float>& offsets,
+                      const OutlineVisitor& visit);
 
 private:
     void createSliceRec(const osg::NodePtr& node);
-    bool isOnOneSide(const osg::NodePtr& node) const;
-    void addSlice(const osg::NodePtr& node);
-    template <class Iterator> void addGenericSlice(const osg::NodePtr& node);
 
     osg::Vec4f plane{0.0f, 0.0f, 0.0f, 0.0f};
     std::list<Segment>* segments = nullptr;

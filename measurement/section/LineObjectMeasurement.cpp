@@ -2,8 +2,8 @@
 
 #include <measurement/geometry/detail/VectorMath.h>
 #include <measurement/model/detail/GroupNode.h>
-#include <measurement/scene/PointObjectDistanceCalculator.h>
 #include <measurement/scene/detail/GeometryPrimitives.h>
+#include <measurement/scene/detail/PointIndex.h>
 #include <measurement/scene/detail/SubtreeWalk.h>
 #include <measurement/section/LineGraph.h>
 #include <measurement/section/detail/PositionArray.h>
@@ -112,22 +112,22 @@ void LineObjectMeasurement::mergeLinesRec(const osg::NodePtr& lineObject, const 
 void LineObjectMeasurement::sampleLine(const LineGraph& graph) {
     const LineGraphIterator start = graph.at(linePoint);
     std::set<int> visited{start.getFirstIndex()};
-    PointObjectDistanceCalculator calculator;
+    detail::PointIndex object(node);
     float upper = 0.0f, lower = 0.0f;
     const auto walk = [&](auto move, auto record) {
         LineGraphIterator place = start, sampled;
         do {
             sampled = place;
             const osg::Pnt3f point = place.getPosition();
-            calculator.calc(point, node);
-            const float distance = detail::distanceBetween(point, calculator.getPoint());
+            object.calc(point);
+            const float distance = detail::distanceBetween(point, object.getPoint());
             if (pointPairs.empty()) {
                 upper = upperBandFactor * distance;
                 lower = lowerBandFactor * distance;
             } else if (distance > upper || distance < lower) {
                 return;
             }
-            record(std::make_pair(point, calculator.getPoint()));
+            record(std::make_pair(point, object.getPoint()));
             averageDistance += distance;
             // A walk that stays where it is would go on for ever.
         } while (sampleDistance > 0.0f && move(place) && !isSamePlace(place, sampled));

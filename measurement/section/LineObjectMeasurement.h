@@ -34,7 +34,9 @@ class LineGraphIterator;
 /// A sample distance that is not positive or not a number ends each walk after its first sample. One too small for
 /// single precision to get along an edge, about 3e-8 of its length, ends it in front of that edge or on it.
 ///
-/// Cost of an update: a search through the whole object for each sample. It keeps one pair of points for each sample.
+/// Cost of an update: time and memory linear in the triangles and lines of the object, of which every sample then looks
+/// at few. Only where the object is far smaller than its distance may a sample look at all of them.
+/// One pair of points is kept for each sample.
 ///
 /// \code
 /// LineObjectMeasurement* const clearance = manager->createLineObjectMeasurement();

@@ -15,7 +15,10 @@ public:
     explicit GeometryPositions(const osg::GeometryPtr& geometry);
 
     bool isEmpty() const { return count == 0; }
+    osg::UInt32 size() const { return count; }
     bool contains(osg::Int32 index) const { return index >= 0 && static_cast<osg::UInt32>(index) < count; }
+    /// Null where the positions are not an array of osg::Pnt3f.
+    const osg::Pnt3f* getArray() const { return points; }
     osg::Pnt3f operator[](osg::Int32 index) const {
         const auto i = static_cast<osg::UInt32>(index);
         return points != nullptr ? points[i] : positions->getValue(i);
@@ -27,10 +30,10 @@ private:
     osg::UInt32 count = 0;
 };
 
-/// Calls visit(triangle) for every triangle of the geometry, in the order of osg::TriangleIterator,
-/// in local coordinates. A triangle with an index beyond the positions is left out.
-template <class Visitor> void forEachTriangle(const osg::GeometryPtr& geometry, Visitor visit) {
-    const GeometryPositions positions(geometry);
+/// Calls visit(i0, i1, i2) with the position indices of every triangle of the geometry, in the order of
+/// osg::TriangleIterator. A triangle with an index beyond the positions, which are the geometry's, is left out.
+template <class Visitor>
+void forEachTriangleByIndex(const osg::GeometryPtr& geometry, const GeometryPositions& positions, Visitor visit) {
     if (positions.isEmpty()) return;
     const osg::RefPtr<osg::GeometryPtr> repaired = createWalkable(geometry);
     const osg::GeometryPtr walkable = repaired ? repaired.get() : geometry;
@@ -39,9 +42,16 @@ template <class Visitor> void forEachTriangle(const osg::GeometryPtr& geometry, 
         const osg::Int32 i0 = it.getPositionIndex(0);
         const osg::Int32 i1 = it.getPositionIndex(1);
         const osg::Int32 i2 = it.getPositionIndex(2);
-        if (positions.contains(i0) && positions.contains(i1) && positions.contains(i2))
-            visit(Triangle{positions[i0], positions[i1], positions[i2]});
+        if (positions.contains(i0) && positions.contains(i1) && positions.contains(i2)) visit(i0, i1, i2);
     }
+}
+
+/// Calls visit(triangle) for the same triangles, in local coordinates.
+template <class Visitor> void forEachTriangle(const osg::GeometryPtr& geometry, Visitor visit) {
+    const GeometryPositions positions(geometry);
+    forEachTriangleByIndex(geometry, positions, [&](osg::Int32 i0, osg::Int32 i1, osg::Int32 i2) {
+        visit(Triangle{positions[i0], positions[i1], positions[i2]});
+    });
 }
 
 /// Calls visit(i0, i1) with the position indices of every line of the geometry, in the order of

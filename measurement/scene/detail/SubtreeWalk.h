@@ -6,21 +6,34 @@
 
 namespace tesk::measurement::detail {
 
-/// Calls enter(node) for the node and for everything below it that ChildEnumerator enumerates, depth
-/// first, parents before their children. What is below a node is left out when enter says false.
-/// Null nodes are passed over. The walk keeps its own stack, so that the depth of a scene is limited
-/// by memory alone.
-template <class Predicate> void visitSubtreeWhere(const osg::NodePtr& node, Predicate enter) {
-    if (node == osg::NullFC || !enter(node)) return;
-    std::vector<ChildEnumerator> open{ChildEnumerator(node)};
+/// Calls enter(node, state) for the node and for everything below it that ChildEnumerator enumerates, depth first,
+/// parents before their children, with a copy of what the call for the parent left in its state. What is below a node
+/// is left out when enter says false. Null nodes are passed over. The walk keeps its own stack, so that the depth of a
+/// scene is limited by memory alone.
+template <class State, class Predicate>
+void visitSubtreeInheriting(const osg::NodePtr& root, const State& rootState, Predicate enter) {
+    struct Level {
+        ChildEnumerator children;
+        State state;
+    };
+    std::vector<Level> open;
+    const auto visit = [&](const osg::NodePtr& node, State state) {
+        if (node != osg::NullFC && enter(node, state)) open.push_back({ChildEnumerator(node), state});
+    };
+    visit(root, rootState);
     while (!open.empty()) {
-        if (!open.back().hasNext()) {
+        Level& level = open.back();
+        if (level.children.hasNext())
+            visit(level.children.next(), level.state);
+        else
             open.pop_back();
-            continue;
-        }
-        const osg::NodePtr child = open.back().next();
-        if (child != osg::NullFC && enter(child)) open.emplace_back(child);
     }
+}
+
+/// The same walk without a state: calls enter(node).
+template <class Predicate> void visitSubtreeWhere(const osg::NodePtr& node, Predicate enter) {
+    struct Nothing {};
+    visitSubtreeInheriting(node, Nothing(), [&](const osg::NodePtr& visited, Nothing&) { return enter(visited); });
 }
 
 /// The same walk over everything: calls visit(node).

@@ -1,0 +1,110 @@
+#include <measurement/acceleration/OrderedSearch.h>
+
+#include <measurement/acceleration/PairSelection.h>
+#include <measurement/acceleration/TrianglePairFilter.h>
+#include <measurement/geometry/DistanceTriangleTriangle.h>
+
+#include <algorithm>
+
+namespace tesk::measurement::acceleration {
+
+OrderedSearch::OrderedSearch(LazyTree& first, LazyTree& second, float bound, const PairSelection* selected)
+    : tree1(first), tree2(second), selection(selected) {
+    const NodePair roots{LazyTree::root, LazyTree::root};
+    const detail::DistanceBounds bounds =
+        distanceBounds(tree1.getNode(LazyTree::root).box, tree2.getNode(LazyTree::root).box);
+    // A NaN on either side makes the result the upper bound.
+    squaredDistance = bound <= bounds.upper ? bound : bounds.upper;
+    candidates.insert(bounds.lower, roots, squaredDistance);
+}
+
+bool OrderedSearch::run(std::uint64_t mostNodePairs) {
+    // All entries behind one that is not below the best would be dropped as well.
+    while (!doubtful && !candidates.isEmpty() && candidates.getFirstBound() < squaredDistance) {
+        if (mostNodePairs-- == 0) return false;
+        const NodePair pair = candidates.takeFirst();
+        ++nodePairCount;
+        tree1.open(pair.node1);
+        tree2.open(pair.node2);
+        testTriangles(tree1.getNode(pair.node1), tree2.getNode(pair.node2));
+        refineCandidates(pair);
+    }
+    return true;
+}
+
+void OrderedSearch::insertPair(std::uint32_t node1, std::uint32_t node2) {
+    if (node1 == LazyTree::none || node2 == LazyTree::none) return;
+    const detail::DistanceBounds bounds = distanceBounds(tree1.getNode(node1).box, tree2.getNode(node2).box);
+    if (!(bounds.lower < squaredDistance)) return;
+    if (selection && !selection->touches(tree1.getNode(node1), tree2.getNode(node2))) return;
+    if (isBeyondThreshold(bounds.lower) && bounds.upper <= selection->getThreshold()) doubtful = true;
+    // Deliberate: the bound may shrink below every distance of triangles, which leaves the points unset.
+    if (bounds.upper < squaredDistance) squaredDistance = bounds.upper;
+    candidates.insert(bounds.lower, {node1, node2}, squaredDistance);
+}
+
+void OrderedSearch::refineCandidates(const NodePair& pair) {
+    const LazyTree::Node& node1 = tree1.getNode(pair.node1);
+    const LazyTree::Node& node2 = tree2.getNode(pair.node2);
+    if (node1.hasTriangles()) {
+        insertPair(pair.node1, node2.low);
+        insertPair(pair.node1, node2.high);
+    }
+    if (node2.hasTriangles()) {
+        insertPair(node1.low, pair.node2);
+        insertPair(node1.high, pair.node2);
+    }
+    if (!node1.hasTriangles() && !node2.hasTriangles()) {
+        insertPair(node1.low, node2.low);
+        insertPair(node1.low, node2.high);
+        insertPair(node1.high, node2.low);
+        insertPair(node1.high, node2.high);
+    }
+}
+
+void OrderedSearch::testTriangles(const LazyTree::Node& node1, const LazyTree::Node& node2) {
+    if (!node1.hasTriangles() || !node2.hasTriangles()) return;
+    const std::uint32_t* const numbers1 = tree1.getNumbers(node1);
+    const std::uint32_t* const numbers2 = tree2.getNumbers(node2) + node2.begin;
+    const std::uint32_t count2 = node2.ownEnd - node2.begin;
+    boxes.clear();
+    for (std::uint32_t i = node1.begin; i < node1.ownEnd; ++i) {
+        const QuadBox box1 = quadBoxOf(tree1.getMesh(), numbers1[i]);
+        const float nodeGap = squaredGap(box1, node2.box);
+        if (!(nodeGap <= squaredDistance)) continue;
+        if (boxes.empty())
+            for (std::uint32_t k = 0; k < count2; ++k) boxes.push_back(quadBoxOf(tree2.getMesh(), numbers2[k]));
+        const Triangle triangle1 = tree1.getMesh()[numbers1[i]];
+        for (std::uint32_t k = 0; k < count2; ++k) {
+            const float gap = squaredGap(box1, boxes[k]);
+            if (gap <= squaredDistance)
+                testTrianglePair(triangle1, tree2.getMesh()[numbers2[k]], std::max(gap, nodeGap));
+        }
+    }
+}
+
+void OrderedSearch::testTrianglePair(const Triangle& triangle1, const Triangle& triangle2, float gap) {
+    // No line is written once the search has come to nothing.
+    if (doubtful) return;
+    ++trianglePairCount;
+    const PackedTriangle packed1(triangle1), packed2(triangle2);
+    if (!mayMatter(packed1, packed2, squaredDistance, instructionSet)) return;
+    if (isBeyondThreshold(gap) && mayMatter(packed1, packed2, selection->getThreshold(), instructionSet)) {
+        doubtful = true;
+        return;
+    }
+    const DistanceTriangleTriangle query(triangle1, triangle2);
+    touched = touched || query.getSquaredDistance() <= detail::touchingDistance;
+    if (query.getSquaredDistance() < squaredDistance) {
+        squaredDistance = query.getSquaredDistance();
+        closestPoint1 = query.getClosestPoint1();
+        closestPoint2 = query.getClosestPoint2();
+    }
+}
+
+// The full search may have been below the threshold by then, and dropped the pair that a restricted one looks into.
+bool OrderedSearch::isBeyondThreshold(float lowerBound) const {
+    return selection && squaredDistance > selection->getThreshold() && lowerBound > selection->getThreshold();
+}
+
+} // namespace tesk::measurement::acceleration

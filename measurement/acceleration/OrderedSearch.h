@@ -1,0 +1,60 @@
+#pragma once
+
+#include <measurement/acceleration/InstructionSet.h>
+#include <measurement/acceleration/LazyTree.h>
+#include <measurement/acceleration/NodePairQueue.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace tesk::measurement::acceleration {
+
+class PairSelection;
+
+/// The search of DistanceBoundingVolumeTree on trees that are split as it goes: same result, same lines on standard
+/// output, from the same pairs in the same order.
+///
+/// Exact distances come from DistanceTriangleTriangle; pairs of triangles that cannot matter are spared it by
+/// mayMatter().
+class OrderedSearch {
+public:
+    /// bound: as for DistanceBoundingVolumeTree. With a selection only the pairs of nodes that it touches are looked
+    /// into. The result is the same as without, unless isDoubtful() says otherwise; see TreeDistance.
+    OrderedSearch(LazyTree& first, LazyTree& second, float bound, const PairSelection* selected = nullptr);
+
+    /// Looks into up to so many pairs of nodes more. Whether the search is over.
+    bool run(std::uint64_t mostNodePairs);
+
+    const osg::Pnt3f& getClosestPoint1() const { return closestPoint1; }
+    const osg::Pnt3f& getClosestPoint2() const { return closestPoint2; }
+    float getSquaredDistance() const { return squaredDistance; }
+    bool hasTouched() const { return touched; }
+    bool isDoubtful() const { return doubtful; }
+
+    std::uint64_t getNodePairCount() const { return nodePairCount; }
+    std::uint64_t getTrianglePairCount() const { return trianglePairCount; }
+
+private:
+    void insertPair(std::uint32_t node1, std::uint32_t node2);
+    void refineCandidates(const NodePair& pair);
+    void testTriangles(const LazyTree::Node& node1, const LazyTree::Node& node2);
+    void testTrianglePair(const Triangle& triangle1, const Triangle& triangle2, float gap);
+    bool isBeyondThreshold(float lowerBound) const;
+
+    LazyTree& tree1;
+    LazyTree& tree2;
+    const PairSelection* selection;
+    osg::Pnt3f closestPoint1{0.0f, 0.0f, 0.0f};
+    osg::Pnt3f closestPoint2{0.0f, 0.0f, 0.0f};
+    float squaredDistance = 0.0f;
+    bool touched = false;
+    bool doubtful = false;
+    NodePairQueue candidates;
+    InstructionSet instructionSet = getInstructionSet();
+    /// Of the triangles of the second node that is being tested.
+    std::vector<QuadBox> boxes;
+    std::uint64_t nodePairCount = 0;
+    std::uint64_t trianglePairCount = 0;
+};
+
+} // namespace tesk::measurement::acceleration

@@ -1,0 +1,61 @@
+#include <measurement/acceleration/TreeDistance.h>
+
+#include <measurement/acceleration/NearPairs.h>
+#include <measurement/acceleration/OrderedSearch.h>
+#include <measurement/acceleration/PairSelection.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace tesk::measurement::acceleration {
+
+namespace {
+
+/// As many pairs of nodes as take about as long as NearPairs, and enough for objects that lie apart.
+std::uint64_t calcPatience(const LazyTree& tree1, const LazyTree& tree2) {
+    const std::uint64_t triangleCount = std::uint64_t(tree1.getMesh().triangleCount) + tree2.getMesh().triangleCount;
+    return std::max<std::uint64_t>(4096, triangleCount / 16);
+}
+
+} // namespace
+
+TreeDistance::TreeDistance(LazyTree& tree1, LazyTree& tree2, float bound)
+    : TreeDistance(tree1, tree2, bound, calcPatience(tree1, tree2)) {}
+
+TreeDistance::TreeDistance(LazyTree& tree1, LazyTree& tree2, float bound, std::uint64_t patience) {
+    OrderedSearch search(tree1, tree2, bound);
+    const float firstBound = search.getSquaredDistance();
+    const bool isOver = search.run(patience);
+    // Lines that have been written cannot be taken back, and where objects touch the first search is the better one.
+    fromNearPairs = !isOver && !search.hasTouched() && searchNearPairs(tree1, tree2, firstBound);
+    if (!isOver && !fromNearPairs) search.run(std::numeric_limits<std::uint64_t>::max());
+    nodePairCount += search.getNodePairCount();
+    trianglePairCount += search.getTrianglePairCount();
+    if (!fromNearPairs) take(search);
+}
+
+bool TreeDistance::searchNearPairs(LazyTree& tree1, LazyTree& tree2, float bound) {
+    if (!std::isfinite(bound)) return false;
+    NearPairs near(tree1.getMesh(), tree2.getMesh(), bound);
+    const bool isFound = near.find();
+    trianglePairCount += near.getTrianglePairCount();
+    if (!isFound) return false;
+    const PairSelection selection(near, tree1, tree2, bound);
+    if (!selection.isSufficient()) return false;
+    OrderedSearch search(tree1, tree2, bound, &selection);
+    search.run(std::numeric_limits<std::uint64_t>::max());
+    nodePairCount += search.getNodePairCount();
+    trianglePairCount += search.getTrianglePairCount();
+    if (search.isDoubtful() || search.getSquaredDistance() > selection.getThreshold()) return false;
+    take(search);
+    return true;
+}
+
+void TreeDistance::take(const OrderedSearch& search) {
+    closestPoint1 = search.getClosestPoint1();
+    closestPoint2 = search.getClosestPoint2();
+    squaredDistance = search.getSquaredDistance();
+}
+
+} // namespace tesk::measurement::acceleration
