@@ -65,6 +65,7 @@ LazyTree::LazyTree(const TriangleMesh& triangles) : mesh(triangles) {
 }
 
 void LazyTree::split(std::uint32_t number) {
+    work += nodes[number].size();
     Node& node = nodes[number];
     node.isOpen = true;
     node.ownEnd = node.end;

@@ -56,6 +56,7 @@ public:
 
 private:
     struct Split;
+public: std::uint64_t work=0;private:
 
     void split(std::uint32_t node);
     bool chooseSplit(const Node& node, Split& chosen);

@@ -4,13 +4,21 @@
 #include <measurement/geometry/detail/Constants.h>
 #include <measurement/scene/detail/Box.h>
 
+#include <cstring>
+
 namespace tesk::measurement::acceleration {
 
 /// The coordinates of a point side by side in one register; the fourth number means nothing.
 typedef float Quad __attribute__((vector_size(16)));
 typedef int QuadMask __attribute__((vector_size(16)));
 
-inline Quad toQuad(const osg::Pnt3f& point) { return Quad{point[0], point[1], point[2], 0.0f}; }
+/// The next position must be there to be read.
+inline Quad toQuad(const osg::Pnt3f& position) {
+    static_assert(sizeof(osg::Pnt3f) == 3 * sizeof(float));
+    Quad result;
+    std::memcpy(&result, static_cast<const void*>(&position), sizeof result);
+    return result;
+}
 
 // As std::min() and std::max(): the first of equals, and the first when either is NaN.
 inline Quad smaller(const Quad& a, const Quad& b) { return b < a ? b : a; }

@@ -9,6 +9,7 @@ namespace tesk::measurement::acceleration {
 
 /// Triangles by number, their corners as numbers of shared positions. A view: the arrays belong to others.
 struct TriangleMesh {
+    /// One more follows the last, whatever it says: positions are read by four numbers.
     const osg::Pnt3f* positions = nullptr;
     /// Three for each triangle, all of positions that exist.
     const std::uint32_t* corners = nullptr;

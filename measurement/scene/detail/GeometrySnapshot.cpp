@@ -36,16 +36,18 @@ GeometrySnapshot::GeometrySnapshot(const osg::GeometryPtr& geometry, const osg::
     if (!useIndices(geometry, local.size())) collectCorners(geometry, local);
     const std::size_t cornerCount = std::size_t(3) * mesh.triangleCount;
     if (local.size() <= cornerCount) {
-        positions.reserve(local.size());
+        positions.reserve(std::size_t(local.size()) + 1);
         for (std::uint32_t i = 0; i < local.size(); ++i) positions.push_back(toWorld(i));
     } else {
         // Many geometries may share positions of which each uses a few.
-        positions.reserve(cornerCount);
+        positions.reserve(cornerCount + 1);
         for (std::size_t i = 0; i < cornerCount; ++i) positions.push_back(toWorld(mesh.corners[i]));
         corners.resize(cornerCount);
         std::iota(corners.begin(), corners.end(), 0u);
         mesh.corners = corners.data();
     }
+    // One more, as the mesh wants it.
+    positions.emplace_back(0.0f, 0.0f, 0.0f);
     mesh.positions = positions.data();
 }
 

@@ -98,7 +98,8 @@ TEST(TreeDistance, AgreesWithThePlainSearch) {
     int found = 0, touching = 0, isLong = 0, fromNearPairs = 0, foundNear = 0;
     for (int run = 0; run < runs && !testing::Test::HasFailure(); ++run) {
         SCOPED_TRACE(run);
-        const test::Mesh mesh1 = test::hostileMesh(random), mesh2 = test::hostileMesh(random);
+        test::Mesh mesh1 = test::hostileMesh(random), mesh2 = test::hostileMesh(random);
+        for (test::Mesh* mesh : {&mesh1, &mesh2}) mesh->positions.push_back(random.point(9.0f));
         const float bounds[] = {unbounded, random.real(0.0f, 4.0f), infinity, 0.0f, std::nanf("")};
         const float bound = bounds[random.chance(0.7f) ? 0 : random.below(5)];
         const Outcome expected = searchPlainly(mesh1, mesh2, bound);
