@@ -1,51 +1,17 @@
 #include <benchmarks/Comparison.h>
 
+#include <benchmarks/HeapMeter.h>
+#include <benchmarks/SilentOutput.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <cstdio>
-#include <iostream>
-
-#include <fcntl.h>
-#include <malloc.h>
-#include <unistd.h>
 
 namespace tesk::benchmarks {
 
 namespace {
 
 bool failed = false;
-
-/// Sends standard output to /dev/null as long as it lives: pairs that touch write many lines.
-class SilentOutput {
-public:
-    SilentOutput() : output(dup(STDOUT_FILENO)) {
-        flush();
-        const int nowhere = open("/dev/null", O_WRONLY);
-        dup2(nowhere, STDOUT_FILENO);
-        close(nowhere);
-    }
-    ~SilentOutput() {
-        flush();
-        dup2(output, STDOUT_FILENO);
-        close(output);
-    }
-    SilentOutput(const SilentOutput&) = delete;
-    SilentOutput& operator=(const SilentOutput&) = delete;
-
-private:
-    static void flush() {
-        std::cout.flush();
-        std::fflush(stdout);
-    }
-
-    int output;
-};
-
-std::size_t heapInUse() {
-    const struct mallinfo2 heap = mallinfo2();
-    return heap.uordblks + heap.hblkhd;
-}
 
 double timeInMilliseconds(const std::function<void()>& work) {
     const auto start = std::chrono::steady_clock::now();
@@ -71,19 +37,17 @@ void fail(benchmark::State& state, const std::string& reason) {
 
 } // namespace
 
-HeapGrowths compare(benchmark::State& state, const std::vector<Contestant>& contestants) {
+void compare(benchmark::State& state, const std::vector<Contestant>& contestants) {
     const SilentOutput silence;
     std::vector<std::vector<double>> times(contestants.size());
-    HeapGrowths growths(contestants.size());
     for (auto _ : state) {
         for (std::size_t i = 0; i < contestants.size(); ++i) {
             const bool isOurs = i == 0;
             state.PauseTiming();
-            const std::size_t before = heapInUse();
+            contestants[i].prepare();
             if (isOurs) state.ResumeTiming();
             times[i].push_back(timeInMilliseconds(contestants[i].work));
             if (isOurs) state.PauseTiming();
-            growths[i] = heapInUse() - before;
             contestants[i].cleanUp();
             state.ResumeTiming();
         }
@@ -91,7 +55,22 @@ HeapGrowths compare(benchmark::State& state, const std::vector<Contestant>& cont
     std::vector<double> medians;
     for (const std::vector<double>& each : times) medians.push_back(median(each));
     showTimes(state, contestants, medians);
-    return growths;
+}
+
+void showHeap(benchmark::State& state, const std::vector<Contestant>& contestants, std::size_t triangleCount,
+              HeapUse use) {
+    const SilentOutput silence;
+    for (const Contestant& contestant : contestants) {
+        contestant.prepare();
+        {
+            const HeapMeter meter;
+            contestant.work();
+            const auto bytes = static_cast<double>(use == HeapUse::peak ? meter.getPeak() : meter.getGrowth());
+            const std::string column = contestant.name + (use == HeapUse::peak ? "_peak_B/tri" : "_B/tri");
+            state.counters[column] = bytes / static_cast<double>(triangleCount);
+        }
+        contestant.cleanUp();
+    }
 }
 
 benchmark::IterationCount repetitionsFor(std::size_t triangleCount) {

@@ -15,16 +15,21 @@ struct Contestant {
     std::function<void()> work;
     /// Not timed; runs after each work.
     std::function<void()> cleanUp = [] {};
+    /// Not timed; runs before each work.
+    std::function<void()> prepare = [] {};
 };
-
-/// Bytes of heap that each contestant's work left in use, in the contestants' order.
-using HeapGrowths = std::vector<std::size_t>;
 
 /// Lets all contestants work in turn, once for each of the row's iterations, and shows the medians.
 ///
 /// The first contestant is ours: the row's own times are its times. Counters are `NAME_ms`, the median of each, and
 /// `ratio`, that of the fastest other one by ours: above 1 we are ahead. Standard output is silent meanwhile.
-HeapGrowths compare(benchmark::State& state, const std::vector<Contestant>& contestants);
+void compare(benchmark::State& state, const std::vector<Contestant>& contestants);
+
+/// What a work leaves in use, or what it had in use at most.
+enum class HeapUse { afterwards, peak };
+/// Lets each contestant work once more, for counters `NAME_B/tri`, or `NAME_peak_B/tri`: bytes of heap by triangle.
+void showHeap(benchmark::State& state, const std::vector<Contestant>& contestants, std::size_t triangleCount,
+              HeapUse use);
 
 /// How often compare() should repeat work on so many triangles, counted again for every plane or sample.
 benchmark::IterationCount repetitionsFor(std::size_t triangleCount);

@@ -1,6 +1,7 @@
 #include <benchmarks/Comparison.h>
 #include <benchmarks/Pairs.h>
 #include <benchmarks/Peers.h>
+#include <benchmarks/Ways.h>
 #include <benchmarks/Works.h>
 
 #include <measurement/section/LineObjectMeasurement.h>
@@ -11,7 +12,7 @@ namespace tesk::benchmarks {
 
 namespace {
 
-const Shape shape{"sphere", test::sphere};
+const Shape sphere{"sphere", test::sphere};
 const osg::Pnt3f centre(1, 2, 3);
 
 /// A tenth above the sphere, most of the way around it. The ends of an edge are too far apart to be joined.
@@ -34,7 +35,7 @@ float lengthOf(const std::vector<measurement::Segment>& line) {
 }
 
 /// Ours walks along the line as well; the peers get its places for nothing.
-void measureLine(benchmark::State& state, std::size_t triangleCount, std::size_t sampleCount) {
+void measureLine(benchmark::State& state, const Shape& shape, std::size_t triangleCount, std::size_t sampleCount) {
     const PlacedMesh mesh(shape, triangleCount, test::translated(centre[0], centre[1], centre[2]));
     const std::vector<measurement::Segment> arc = createArc();
     const test::SceneNode line = test::lines(arc);
@@ -54,10 +55,14 @@ void measureLine(benchmark::State& state, std::size_t triangleCount, std::size_t
             peerDistances[i].clear();
             for (const auto& sample : samples) peerDistances[i].push_back(peers[i]->findDistance(sample.first));
         };
-        contestants.push_back({peers[i]->getName(), work, [&, i] { peers[i]->clear(); }});
+        contestants.push_back(
+            {peers[i]->getName(), work, [&, i] { peers[i]->clear(); }, [&, i] { peers[i]->prepare(); }});
     }
 
     compare(state, contestants);
+    std::vector<osg::Pnt3f> places;
+    for (const auto& sample : samples) places.push_back(sample.first);
+    showSampleWays(state, mesh, places);
     expectCount(state, samples.size(), sampleCount);
     for (std::size_t i = 0; i < peers.size(); ++i) {
         auto distance = peerDistances[i].begin();
@@ -69,12 +74,14 @@ void measureLine(benchmark::State& state, std::size_t triangleCount, std::size_t
 } // namespace
 
 void addLineObject() {
+    const auto addLineRow = [](const Shape& shape, std::size_t count, std::size_t samples) {
+        const std::string name = std::string("LineObject/") + shape.name + "/" + std::to_string(count) + "/" +
+                                 std::to_string(samples) + "_samples";
+        addRow(name, count, false, measureLine, shape, count, samples);
+    };
     for (const std::size_t count : triangleCounts) {
-        for (const std::size_t samples : {100, 1000, 10'000}) {
-            const std::string name = std::string("LineObject/") + shape.name + "/" + std::to_string(count) + "/" +
-                                     std::to_string(samples) + "_samples";
-            addRow(name, count, false, measureLine, count, samples);
-        }
+        for (const std::size_t samples : {100, 1000, 10'000}) addLineRow(sphere, count, samples);
+        addLineRow(shuffledSphere, count, 1000);
     }
 }
 

@@ -1,6 +1,7 @@
 #include <benchmarks/Comparison.h>
 #include <benchmarks/Pairs.h>
 #include <benchmarks/Peers.h>
+#include <benchmarks/Ways.h>
 #include <benchmarks/Works.h>
 
 #include <measurement/scene/ObjectObjectDistanceCalculator.h>
@@ -25,8 +26,10 @@ void measureObjects(benchmark::State& state, const Pair& pair, std::size_t trian
     }
 
     compare(state, contestants);
+    showHeap(state, contestants, placed.countTriangles(), HeapUse::peak);
     state.counters["node_pairs"] = static_cast<double>(calculator.getNodePairCount());
     state.counters["triangle_pairs"] = static_cast<double>(calculator.getTrianglePairCount());
+    showSearchWay(state, placed);
     const auto distance = static_cast<double>(calculator.getPoint1().dist(calculator.getPoint2()));
     for (std::size_t i = 0; i < peers.size(); ++i)
         expectAgreement(state, distance, peers[i]->getName(), peerDistances[i],
@@ -35,6 +38,6 @@ void measureObjects(benchmark::State& state, const Pair& pair, std::size_t trian
 
 } // namespace
 
-void addObjectObject(std::size_t closePairLimit) { addPairRows("ObjectObject", closePairLimit, measureObjects); }
+void addObjectObject() { addPairRows("ObjectObject", measureObjects); }
 
 } // namespace tesk::benchmarks

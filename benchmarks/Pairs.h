@@ -4,6 +4,7 @@
 #include <support/Scenes.h>
 
 #include <cstddef>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,9 @@ struct Shape {
 };
 
 extern const std::vector<Shape> shapes;
+/// Triangles next to each other in the mesh are so nowhere else.
+extern const Shape shuffledSphere;
+extern const Shape shuffledBumpySphere;
 
 /// Two shapes and how they lie to each other.
 struct Pair {
@@ -24,7 +28,7 @@ struct Pair {
     Shape second;
     /// Moves the second shape; the first stays where it is.
     osg::Matrix placement;
-    /// Whether the surfaces run close to each other over a wide area, which the search takes very long for.
+    /// Whether the surfaces run close to each other over a wide area, which the plain search takes very long for.
     bool fitsClosely = false;
 };
 
@@ -36,6 +40,8 @@ const Pair& getPair(const std::string& name);
 struct PlacedMesh {
     PlacedMesh(const Shape& shape, std::size_t triangleCount, const osg::Matrix& placement);
 
+    std::size_t countTriangles() const { return world.indices.size() / 3; }
+
     test::SceneNode geometry;
     test::SceneNode object;
     test::Mesh world;
@@ -46,6 +52,8 @@ struct PlacedMesh {
 struct PlacedPair {
     PlacedPair(const Pair& pair, std::size_t triangleCount);
 
+    std::size_t countTriangles() const { return first.countTriangles() + second.countTriangles(); }
+
     PlacedMesh first;
     PlacedMesh second;
     test::SceneNode root;
@@ -54,7 +62,8 @@ struct PlacedPair {
 
 /// Adds the rows `WORK/PAIR/COUNT` for all pairs and numbers of triangles; close-fitting pairs of more than
 /// `closePairLimit` triangles give a row that says so.
-void addPairRows(const std::string& work, std::size_t closePairLimit,
-                 void (*measure)(benchmark::State& state, const Pair& pair, std::size_t triangleCount));
+void addPairRows(const std::string& work,
+                 void (*measure)(benchmark::State& state, const Pair& pair, std::size_t triangleCount),
+                 std::size_t closePairLimit = std::numeric_limits<std::size_t>::max());
 
 } // namespace tesk::benchmarks

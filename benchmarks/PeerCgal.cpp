@@ -69,14 +69,11 @@ public:
 
     void build() override { slicer.emplace(mesh); }
 
-    double findOutlineLength(const osg::Vec4f& plane) override {
-        std::vector<std::vector<SlicingKernel::Point_3>> lines;
-        (*slicer)(SlicingKernel::Plane_3(plane[0], plane[1], plane[2], plane[3]), std::back_inserter(lines));
-        double length = 0.0;
-        for (const auto& line : lines)
-            for (std::size_t i = 1; i < line.size(); ++i)
-                length += std::sqrt(CGAL::squared_distance(line[i - 1], line[i]));
-        return length;
+    std::vector<double> findOutlineLengths(const osg::Vec3f& normal, const std::vector<float>& offsets) override {
+        std::vector<double> lengths;
+        for (const float offset : offsets)
+            lengths.push_back(findOutlineLength({normal[0], normal[1], normal[2], offset}));
+        return lengths;
     }
 
     void clear() override { slicer.reset(); }
@@ -85,6 +82,16 @@ private:
     /// Where a plane runs between vertices, the slicer relies on exact answers.
     using SlicingKernel = CGAL::Exact_predicates_inexact_constructions_kernel;
     using Mesh = CGAL::Surface_mesh<SlicingKernel::Point_3>;
+
+    double findOutlineLength(const SlicingKernel::Plane_3& plane) const {
+        std::vector<std::vector<SlicingKernel::Point_3>> lines;
+        (*slicer)(plane, std::back_inserter(lines));
+        double length = 0.0;
+        for (const auto& line : lines)
+            for (std::size_t i = 1; i < line.size(); ++i)
+                length += std::sqrt(CGAL::squared_distance(line[i - 1], line[i]));
+        return length;
+    }
 
     Mesh mesh;
     std::optional<CGAL::Polygon_mesh_slicer<Mesh, SlicingKernel>> slicer;

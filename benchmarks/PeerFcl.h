@@ -8,5 +8,7 @@ namespace tesk::benchmarks {
 std::unique_ptr<MeshDistancePeer> createFclObbRssPeer(const std::vector<test::Mesh>& meshes);
 /// FCL with trees of swept rectangles, in single precision.
 std::unique_ptr<MeshDistancePeer> createFclRssPeer(const std::vector<test::Mesh>& meshes);
+/// The same with a tree of the mesh and, in turn, one of each outline.
+std::unique_ptr<OutlineDistancePeer> createFclOutlinePeer(const test::Mesh& mesh, const std::vector<Outline>& outlines);
 
 } // namespace tesk::benchmarks

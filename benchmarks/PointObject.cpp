@@ -40,7 +40,8 @@ void measurePoints(benchmark::State& state, const Shape& shape, std::size_t tria
             peers[i]->build();
             for (std::size_t p = 0; p < pointCount; ++p) peerDistances[i][p] = peers[i]->findDistance(path[p]);
         };
-        contestants.push_back({peers[i]->getName(), work, [&, i] { peers[i]->clear(); }});
+        contestants.push_back(
+            {peers[i]->getName(), work, [&, i] { peers[i]->clear(); }, [&, i] { peers[i]->prepare(); }});
     }
 
     compare(state, contestants);
@@ -52,8 +53,10 @@ void measurePoints(benchmark::State& state, const Shape& shape, std::size_t tria
 } // namespace
 
 void addPointObject() {
+    std::vector<Shape> allShapes = shapes;
+    allShapes.push_back(shuffledBumpySphere);
     for (const std::size_t count : triangleCounts) {
-        for (const Shape& shape : shapes) {
+        for (const Shape& shape : allShapes) {
             for (const std::size_t points : {1, 100}) {
                 const std::string name = std::string("PointObject/") + shape.name + "/" + std::to_string(count) +
                                          (points == 1 ? "/1_point" : "/" + std::to_string(points) + "_points");

@@ -54,7 +54,7 @@ void measureSlices(benchmark::State& state, std::size_t triangleCount, std::size
     const PlacedMesh mesh(shape, triangleCount, test::translated(centre[0], centre[1], centre[2]));
     const Planes planes(planeCount);
     const SlicePeers peers = createSlicePeers(mesh.world);
-    std::vector<std::vector<double>> peerLengths(peers.size(), std::vector<double>(planeCount));
+    std::vector<std::vector<double>> peerLengths(peers.size());
     std::vector<double> lengths(planeCount);
     const auto measureOurs = [&] {
         if (planeCount == 1) {
@@ -71,7 +71,7 @@ void measureSlices(benchmark::State& state, std::size_t triangleCount, std::size
     for (std::size_t i = 0; i < peers.size(); ++i) {
         const auto work = [&, i] {
             peers[i]->build();
-            for (std::size_t p = 0; p < planeCount; ++p) peerLengths[i][p] = peers[i]->findOutlineLength(planes.get(p));
+            peerLengths[i] = peers[i]->findOutlineLengths(planes.normal, planes.offsets);
         };
         contestants.push_back({peers[i]->getName(), work, [&, i] { peers[i]->clear(); }});
     }

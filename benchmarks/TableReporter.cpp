@@ -19,12 +19,13 @@ std::string format(double value) {
     return text;
 }
 
+bool endsWith(const std::string& text, const std::string& ending) {
+    return text.size() >= ending.size() && text.substr(text.size() - ending.size()) == ending;
+}
+
 /// The group of columns that a counter stands in.
 int rankOf(const std::string& counter) {
-    const auto endsWith = [&](const std::string& ending) {
-        return counter.size() >= ending.size() && counter.substr(counter.size() - ending.size()) == ending;
-    };
-    if (endsWith("_ms")) return counter == "ours_ms" ? 0 : 1;
+    if (endsWith(counter, "_ms")) return counter == "ours_ms" ? 0 : 1;
     if (counter == "ratio") return 2;
     return counter.substr(0, 4) == "ours" ? 3 : 4;
 }
@@ -48,6 +49,7 @@ void TableReporter::ReportRuns(const std::vector<Run>& runs) {
             writeHeader(columns);
             writeName(run.run_name.function_name);
             writeValues(columns);
+            noteGrowth(run.run_name.function_name, columns);
         }
         GetOutputStream() << std::endl;
     }
@@ -61,6 +63,19 @@ TableReporter::Columns TableReporter::arrangeColumns(const Run& run) {
     std::stable_sort(columns.begin(), columns.end(),
                      [](const auto& a, const auto& b) { return rankOf(a.first) < rankOf(b.first); });
     return columns;
+}
+
+void TableReporter::noteGrowth(const std::string& row, const Columns& columns) {
+    double ours = 0.0, fastestPeer = 0.0;
+    for (const auto& [title, value] : columns) {
+        if (!endsWith(title, "_ms")) continue;
+        if (title == "ours_ms") {
+            ours = value;
+        } else if (fastestPeer == 0.0 || value < fastestPeer) {
+            fastestPeer = value;
+        }
+    }
+    if (ours > 0.0) growth.add(row, ours, fastestPeer);
 }
 
 void TableReporter::writeHeader(const Columns& columns) {

@@ -21,10 +21,8 @@ void measureBuilding(benchmark::State& state, const Shape& shape, std::size_t tr
     for (const auto& peer : peers)
         contestants.push_back({peer->getName(), [&peer] { peer->build(); }, [&peer] { peer->clear(); }});
 
-    const HeapGrowths growths = compare(state, contestants);
-    const auto triangles = static_cast<double>(mesh.world.indices.size() / 3);
-    for (std::size_t i = 0; i < contestants.size(); ++i)
-        state.counters[contestants[i].name + "_B/tri"] = static_cast<double>(growths[i]) / triangles;
+    compare(state, contestants);
+    showHeap(state, contestants, mesh.countTriangles(), HeapUse::afterwards);
 }
 
 } // namespace

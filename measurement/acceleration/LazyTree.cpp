@@ -65,7 +65,6 @@ LazyTree::LazyTree(const TriangleMesh& triangles) : mesh(triangles) {
 }
 
 void LazyTree::split(std::uint32_t number) {
-    work += nodes[number].size();
     Node& node = nodes[number];
     node.isOpen = true;
     node.ownEnd = node.end;
@@ -74,6 +73,7 @@ void LazyTree::split(std::uint32_t number) {
         arrays[1] = allocateUntouched<std::uint32_t>(mesh.triangleCount);
         sides = allocateUntouched<std::uint8_t>(mesh.triangleCount);
     }
+    splitCount += node.size();
     Split chosen;
     if (chooseSplit(node, chosen)) distribute(number, chosen);
 }

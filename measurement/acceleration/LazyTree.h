@@ -41,6 +41,8 @@ public:
     explicit LazyTree(const TriangleMesh& triangles);
 
     const TriangleMesh& getMesh() const { return mesh; }
+    /// How many triangles have been looked at to split nodes, those of several nodes so many times.
+    std::uint64_t getSplitCount() const { return splitCount; }
     /// The box holds from the start, everything else when the node is open.
     const Node& getNode(std::uint32_t node) const { return nodes[node]; }
     /// Splits the node if that has not been done. References to nodes end here.
@@ -56,13 +58,13 @@ public:
 
 private:
     struct Split;
-public: std::uint64_t work=0;private:
 
     void split(std::uint32_t node);
     bool chooseSplit(const Node& node, Split& chosen);
     void distribute(std::uint32_t node, const Split& chosen);
 
     TriangleMesh mesh;
+    std::uint64_t splitCount = 0;
     std::vector<Node> nodes;
     std::unique_ptr<std::uint32_t[]> arrays[2];
     /// On which sides of the three cuts each triangle of the node that is being split lies.

@@ -3,20 +3,63 @@
 #include <measurement/acceleration/TrianglePairFilter.h>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace tesk::measurement::acceleration {
 
 namespace {
 
-constexpr std::size_t mostPairs = 8192;
+constexpr std::size_t mostPairs = 16384;
 constexpr std::size_t mostWildTriangles = 256;
 
-bool comesAfter(float bound1, float bound2) { return bound1 > bound2; }
+const QuadBox& boxOf(const LazyTree& tree) { return tree.getNode(LazyTree::root).box; }
+
+float largestCoordinateOf(const QuadBox& box) {
+    const Quad largest = larger(absolute(box.min), absolute(box.max));
+    return std::max({largest[0], largest[1], largest[2]});
+}
+
+float limitFor(float squaredDistance) {
+    return std::max(squaredDistance, detail::touchingDistance) * (1.0f + NearPairs::margin);
+}
+
+/// The triangle of a sample whose first corner is nearest.
+std::uint32_t findNearest(const TriangleMesh& mesh, const Quad& point) {
+    constexpr std::uint32_t sampleSize = 16384;
+    const std::uint32_t step = mesh.triangleCount / sampleSize + 1;
+    std::uint32_t nearest = 0;
+    float best = std::numeric_limits<float>::infinity();
+    for (std::uint32_t i = 0; i < mesh.triangleCount; i += step) {
+        const Quad offset = toQuad(mesh.corner(i, 0)) - point;
+        const float squaredDistance = dot(offset, offset);
+        if (squaredDistance < best) {
+            best = squaredDistance;
+            nearest = i;
+        }
+    }
+    return nearest;
+}
+
+/// The value of a pair of triangles that may well be near; infinity when there is none.
+float probe(const LazyTree& tree1, const LazyTree& tree2) {
+    const TriangleMesh &first = tree1.getMesh(), &second = tree2.getMesh();
+    if (first.triangleCount == 0 || second.triangleCount == 0) return std::numeric_limits<float>::infinity();
+    const QuadBox& box = boxOf(tree2);
+    std::uint32_t triangle1 = findNearest(first, (box.min + box.max) * 0.5f);
+    const std::uint32_t triangle2 = findNearest(second, toQuad(first.corner(triangle1, 0)));
+    triangle1 = findNearest(first, toQuad(second.corner(triangle2, 0)));
+    return measureTrianglePair(PackedTriangle(first[triangle1]), PackedTriangle(second[triangle2]),
+                               getInstructionSet());
+}
 
 } // namespace
 
-NearPairs::NearPairs(const TriangleMesh& first, const TriangleMesh& second, float bound)
-    : tree1(first, true), tree2(second, false), limit(std::max(bound, detail::touchingDistance) * (1.0f + margin)) {}
+NearPairs::NearPairs(const LazyTree& first, const LazyTree& second, float bound)
+    : limit(limitFor(std::min(bound, probe(first, second)))),
+      largestCoordinate(std::max(largestCoordinateOf(boxOf(first)), largestCoordinateOf(boxOf(second)))),
+      tree1(first.getMesh(), true, boxOf(second), calcFarthest(boxOf(first), boxOf(second))),
+      tree2(second.getMesh(), false, tree1.getBox(), calcFarthest(boxOf(first), boxOf(second))) {}
 
 bool NearPairs::isWorthwhile() const {
     return !tree1.isEmpty() && !tree2.isEmpty() && tree1.getWildTriangles().size() <= mostWildTriangles &&
@@ -25,24 +68,16 @@ bool NearPairs::isWorthwhile() const {
 
 bool NearPairs::find() {
     if (!isWorthwhile()) return false;
-    for (const CompactTree* tree : {&tree1, &tree2}) {
-        const QuadBox& box = tree->getNode(0).box;
-        const Quad reach = larger(absolute(box.min), absolute(box.max));
-        largestCoordinate = std::max({largestCoordinate, reach[0], reach[1], reach[2]});
-    }
-    const std::uint64_t mostTrianglePairs =
-        100000 + std::uint64_t(8) * (tree1.getMesh().triangleCount + tree2.getMesh().triangleCount);
-    const auto laterOf = [](const Candidate& a, const Candidate& b) { return comesAfter(a.bound, b.bound); };
-    insert(0, 0);
+    const std::uint64_t triangleCount = std::uint64_t(tree1.getMesh().triangleCount) + tree2.getMesh().triangleCount;
+    const std::uint64_t mostEffort = 60000 + triangleCount / 2;
+    insert(CompactTree::root, CompactTree::root);
     while (!candidates.empty() && candidates.front().bound <= limit) {
-        std::pop_heap(candidates.begin(), candidates.end(), laterOf);
+        std::pop_heap(candidates.begin(), candidates.end(), ComesAfter());
         const Candidate candidate = candidates.back();
         candidates.pop_back();
         refine(candidate);
         if (pairs.size() > mostPairs) removeBeyondLimit();
-        const bool isTouching = limit <= detail::touchingDistance * (1.0f + margin);
-        if (isTouching || pairs.size() > mostPairs || trianglePairCount + candidates.size() > mostTrianglePairs)
-            return false;
+        if (pairs.size() > mostPairs || effort > mostEffort) return false;
     }
     removeBeyondLimit();
     std::sort(pairs.begin(), pairs.end(),
@@ -50,27 +85,44 @@ bool NearPairs::find() {
     return true;
 }
 
-// What the query may fall short of the distance between two boxes by rounding. The size of its operands is at most
-// three times the reach, the distance of the farthest corners; each value is a sum of a few products of them, each
+// What the query may fall short of the gap between the operands by rounding. The size of its operands is at most three
+// times the reach, the distance of the farthest corners; each value is a sum of a few products of them, each
 // rounded by 2^-24 of itself. And a line may seem to pierce a triangle that it misses by as much as the coordinates are
-// rounded, the more the thinner the triangle is.
-float NearPairs::calcBound(const QuadBox& box1, const QuadBox& box2, float inverseSine) const {
+// rounded, the more the thinner the triangle is. Discs, too, are made from rounded numbers.
+NearPairs::Slack NearPairs::calcSlack(const QuadBox& a, const QuadBox& b, float inverseSine) const {
     constexpr float rounding = 4e-6f;
-    const Quad gap = positiveOrZero(larger(box1.min - box2.max, box2.min - box1.max));
-    const Quad reach = larger(absolute(box1.max - box2.min), absolute(box2.max - box1.min));
-    const float squaredGap = sum(gap * gap), squaredReach = 9.0f * sum(reach * reach);
-    const float miss = rounding * (std::sqrt(squaredReach) + largestCoordinate) * inverseSine;
-    return squaredGap > miss * miss ? squaredGap - rounding * squaredReach : 0.0f;
+    const Quad farthest = larger(absolute(a.max - b.min), absolute(b.max - a.min));
+    const float squaredReach = 9.0f * dot(farthest, farthest);
+    const float reach = std::sqrt(squaredReach);
+    const float miss = rounding * (reach + largestCoordinate) * inverseSine;
+    return {miss * miss, rounding * squaredReach, rounding * reach};
+}
+
+float NearPairs::calcFarthest(const QuadBox& box1, const QuadBox& box2) const {
+    const Slack slack = calcSlack(box1, box2, CompactTree::largestInverseSine);
+    return std::max(slack.squaredMiss, limit + slack.ofSquare);
+}
+
+float NearPairs::Slack::calcBound(float squaredGap) const {
+    return squaredGap > squaredMiss ? squaredGap - ofSquare : 0.0f;
+}
+
+float NearPairs::Slack::lessened(const DiscGap& gap) const {
+    const float along = std::max(0.0f, gap.along - ofDisc), across = std::max(0.0f, gap.across - ofDisc);
+    return along * along + across * across;
 }
 
 void NearPairs::insert(std::uint32_t node1, std::uint32_t node2) {
-    const CompactTree::Node& a = tree1.getNode(node1);
-    const CompactTree::Node& b = tree2.getNode(node2);
-    const float bound = calcBound(a.box, b.box, std::max(a.inverseSine, b.inverseSine));
+    ++effort;
+    const CompactHull& a = tree1.getNode(node1).hull;
+    const CompactHull& b = tree2.getNode(node2).hull;
+    const Slack slack = calcSlack(a.box, b.box, std::max(a.inverseSine, b.inverseSine));
+    const float boxGap = squaredGapOf(a.box, b.box);
+    if (!(slack.calcBound(boxGap) <= limit)) return;
+    const float bound = slack.calcBound(std::max(boxGap, slack.lessened(findDiscGap(a, b))));
     if (!(bound <= limit)) return;
     candidates.push_back({bound, node1, node2});
-    std::push_heap(candidates.begin(), candidates.end(),
-                   [](const Candidate& x, const Candidate& y) { return comesAfter(x.bound, y.bound); });
+    std::push_heap(candidates.begin(), candidates.end(), ComesAfter());
 }
 
 void NearPairs::refine(const Candidate& candidate) {
@@ -79,10 +131,11 @@ void NearPairs::refine(const Candidate& candidate) {
     const CompactTree::Node& a = tree1.getNode(candidate.node1);
     const CompactTree::Node& b = tree2.getNode(candidate.node2);
     const auto size = [](const CompactTree::Node& node) {
-        return sum((node.box.max - node.box.min) * Quad{1, 1, 1, 0});
+        const Quad extent = node.hull.box.max - node.hull.box.min;
+        return dot(extent, extent);
     };
     if (a.children == 0 && b.children == 0) {
-        testTriangles(a, b);
+        testTriangles(tree1.getGroup(a), tree2.getGroup(b));
     } else if (b.children == 0 || (a.children != 0 && size(a) >= size(b))) {
         insert(a.children, candidate.node2);
         insert(a.children + 1, candidate.node2);
@@ -92,22 +145,42 @@ void NearPairs::refine(const Candidate& candidate) {
     }
 }
 
-void NearPairs::testTriangles(const CompactTree::Node& node1, const CompactTree::Node& node2) {
-    for (std::uint32_t i = node1.begin; i < node1.end; ++i) {
-        const std::uint32_t first = tree1.getNumbers()[i];
-        const QuadBox box1 = quadBoxOf(tree1.getMesh(), first);
-        const PackedTriangle packed1(tree1.getMesh()[first]);
-        for (std::uint32_t k = node2.begin; k < node2.end; ++k) {
-            const std::uint32_t second = tree2.getNumbers()[k];
-            const float inverseSine = std::max(tree1.getInverseSine(first), tree2.getInverseSine(second));
-            if (!(calcBound(box1, quadBoxOf(tree2.getMesh(), second), inverseSine) <= limit)) continue;
-            ++trianglePairCount;
-            const float value = measureTrianglePair(packed1, PackedTriangle(tree2.getMesh()[second]), instructionSet);
-            if (!(value <= limit)) continue;
-            pairs.push_back({first, second, value});
-            limit = std::min(limit, std::max(value, detail::touchingDistance) * (1.0f + margin));
-        }
+void NearPairs::testTriangles(const CompactTree::Group& group1, const CompactTree::Group& group2) {
+    const Slack slack =
+        calcSlack(group1.hull.box, group2.hull.box, std::max(group1.hull.inverseSine, group2.hull.inverseSine));
+    const Quad direction = findDiscGap(group1.hull, group2.hull).direction;
+    const auto isNear = [&](const Operand& a, const Operand& b) {
+        const float along = std::max(0.0f, b.range.low - a.range.high - slack.ofDisc);
+        return slack.calcBound(std::max(squaredGapOf(a.box, b.box), along * along)) <= limit;
+    };
+    ++effort;
+    operands.clear();
+    for (std::uint32_t k = group2.begin; k < group2.end; ++k)
+        operands.emplace_back(tree2.getMesh(), tree2.getNumbers()[k], group1.hull.centre, direction);
+    for (std::uint32_t i = group1.begin; i < group1.end; ++i) {
+        const Operand first(tree1.getMesh(), tree1.getNumbers()[i], group1.hull.centre, direction);
+        for (const Operand& second : operands)
+            if (isNear(first, second)) testPair(first.triangle, second.triangle);
     }
+}
+
+NearPairs::Operand::Operand(const TriangleMesh& mesh, std::uint32_t number, const Quad& origin, const Quad& direction)
+    : triangle(number) {
+    const Quad p0 = toQuad(mesh.corner(number, 0)), p1 = toQuad(mesh.corner(number, 1)),
+               p2 = toQuad(mesh.corner(number, 2));
+    box = quadBoxOf(p0, p1, p2);
+    const float h0 = dot(p0 - origin, direction), h1 = dot(p1 - origin, direction), h2 = dot(p2 - origin, direction);
+    range = {std::min({h0, h1, h2}), std::max({h0, h1, h2})};
+}
+
+void NearPairs::testPair(std::uint32_t first, std::uint32_t second) {
+    ++effort;
+    ++trianglePairCount;
+    const PackedTriangle packed1(tree1.getMesh()[first]), packed2(tree2.getMesh()[second]);
+    const float value = measureTrianglePair(packed1, packed2, instructionSet);
+    if (!(value <= limit)) return;
+    pairs.push_back({first, second, value});
+    limit = std::min(limit, limitFor(value));
 }
 
 void NearPairs::removeBeyondLimit() {

@@ -1,7 +1,8 @@
 #pragma once
 
 #include <measurement/acceleration/CompactTree.h>
-#include <measurement/acceleration/InstructionSet.h>
+#include <measurement/acceleration/LazyTree.h>
+#include <measurement/acceleration/TrianglePairFilter.h>
 
 #include <cstdint>
 #include <vector>
@@ -23,9 +24,10 @@ public:
     /// then holds a near pair, whatever the rounding.
     static constexpr float margin = 1e-4f;
 
-    NearPairs(const TriangleMesh& first, const TriangleMesh& second, float bound);
+    /// Of the trees nothing but the meshes and their boxes is used.
+    NearPairs(const LazyTree& first, const LazyTree& second, float bound);
 
-    /// Finds the pairs. False when there are too many, when triangles touch, or when it takes too long.
+    /// Finds the pairs. False when there are too many or it takes too long.
     bool find();
 
     /// Ascending in the value.
@@ -41,19 +43,51 @@ private:
         std::uint32_t node1, node2;
     };
 
+    struct ComesAfter {
+        bool operator()(const Candidate& a, const Candidate& b) const { return a.bound > b.bound; }
+    };
+
+    /// What numbers about two hulls must be taken less for, for rounding.
+    struct Slack {
+        float squaredMiss;
+        float ofSquare;
+        float ofDisc;
+
+        /// What the query may answer at least for triangles with that gap.
+        float calcBound(float squaredGap) const;
+        /// The squared gap.
+        float lessened(const DiscGap& gap) const;
+    };
+
+    /// A triangle, its box and where it lies along a direction.
+    struct Operand {
+        std::uint32_t triangle;
+        QuadBox box;
+        Range range;
+
+        Operand(const TriangleMesh& mesh, std::uint32_t number, const Quad& origin, const Quad& direction);
+    };
+
     bool isWorthwhile() const;
-    float calcBound(const QuadBox& box1, const QuadBox& box2, float inverseSine) const;
+    Slack calcSlack(const QuadBox& a, const QuadBox& b, float inverseSine) const;
+    /// Beyond which squared gap triangles in the two boxes cannot be near.
+    float calcFarthest(const QuadBox& box1, const QuadBox& box2) const;
     void insert(std::uint32_t node1, std::uint32_t node2);
     void refine(const Candidate& candidate);
-    void testTriangles(const CompactTree::Node& node1, const CompactTree::Node& node2);
+    void testTriangles(const CompactTree::Group& group1, const CompactTree::Group& group2);
+    void testPair(std::uint32_t first, std::uint32_t second);
     void removeBeyondLimit();
 
-    CompactTree tree1, tree2;
     float limit;
-    float largestCoordinate = 0.0f;
+    float largestCoordinate;
+    CompactTree tree1, tree2;
     std::vector<Candidate> candidates;
     std::vector<TrianglePair> pairs;
+    /// Of the triangles of the second group that is being tested.
+    std::vector<Operand> operands;
     std::uint64_t trianglePairCount = 0;
+    /// Pairs of nodes, groups and triangles looked at.
+    std::uint64_t effort = 0;
     InstructionSet instructionSet = getInstructionSet();
 };
 

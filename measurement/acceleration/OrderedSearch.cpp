@@ -15,13 +15,16 @@ OrderedSearch::OrderedSearch(LazyTree& first, LazyTree& second, float bound, con
         distanceBounds(tree1.getNode(LazyTree::root).box, tree2.getNode(LazyTree::root).box);
     // A NaN on either side makes the result the upper bound.
     squaredDistance = bound <= bounds.upper ? bound : bounds.upper;
+    settled = selection && squaredDistance <= selection->getThreshold();
     candidates.insert(bounds.lower, roots, squaredDistance);
 }
 
-bool OrderedSearch::run(std::uint64_t mostNodePairs) {
+bool OrderedSearch::run(std::uint64_t mostEffort) {
+    const std::uint64_t effortBefore = getEffort();
     // All entries behind one that is not below the best would be dropped as well.
     while (!doubtful && !candidates.isEmpty() && candidates.getFirstBound() < squaredDistance) {
-        if (mostNodePairs-- == 0) return false;
+        if (getEffort() - effortBefore >= mostEffort) return false;
+        pairBound = candidates.getFirstBound();
         const NodePair pair = candidates.takeFirst();
         ++nodePairCount;
         tree1.open(pair.node1);
@@ -32,12 +35,17 @@ bool OrderedSearch::run(std::uint64_t mostNodePairs) {
     return true;
 }
 
+std::uint64_t OrderedSearch::getEffort() const {
+    return nodePairCount * nodePairEffort + tree1.getSplitCount() + tree2.getSplitCount();
+}
+
 void OrderedSearch::insertPair(std::uint32_t node1, std::uint32_t node2) {
     if (node1 == LazyTree::none || node2 == LazyTree::none) return;
     const detail::DistanceBounds bounds = distanceBounds(tree1.getNode(node1).box, tree2.getNode(node2).box);
     if (!(bounds.lower < squaredDistance)) return;
     if (selection && !selection->touches(tree1.getNode(node1), tree2.getNode(node2))) return;
-    if (isBeyondThreshold(bounds.lower) && bounds.upper <= selection->getThreshold()) doubtful = true;
+    if (isBeyondThreshold(bounds.lower) && std::min(bounds.lower, bounds.upper) <= selection->getThreshold())
+        doubtful = true;
     // Deliberate: the bound may shrink below every distance of triangles, which leaves the points unset.
     if (bounds.upper < squaredDistance) squaredDistance = bounds.upper;
     candidates.insert(bounds.lower, {node1, node2}, squaredDistance);
@@ -89,7 +97,11 @@ void OrderedSearch::testTrianglePair(const Triangle& triangle1, const Triangle& 
     ++trianglePairCount;
     const PackedTriangle packed1(triangle1), packed2(triangle2);
     if (!mayMatter(packed1, packed2, squaredDistance, instructionSet)) return;
-    if (isBeyondThreshold(gap) && mayMatter(packed1, packed2, selection->getThreshold(), instructionSet)) {
+    const bool isTooFar =
+        isBeyondThreshold(gap) && mayMatter(packed1, packed2, selection->getThreshold(), instructionSet);
+    // A line might be written for triangles that touch without being better than the bound.
+    const bool isUnsettled = selection && !settled && squaredDistance <= detail::touchingDistance;
+    if (isTooFar || isUnsettled) {
         doubtful = true;
         return;
     }
@@ -99,12 +111,14 @@ void OrderedSearch::testTrianglePair(const Triangle& triangle1, const Triangle& 
         squaredDistance = query.getSquaredDistance();
         closestPoint1 = query.getClosestPoint1();
         closestPoint2 = query.getClosestPoint2();
+        settled = settled || (selection && squaredDistance <= selection->getThreshold());
     }
 }
 
 // The full search may have been below the threshold by then, and dropped the pair that a restricted one looks into.
 bool OrderedSearch::isBeyondThreshold(float lowerBound) const {
-    return selection && squaredDistance > selection->getThreshold() && lowerBound > selection->getThreshold();
+    return selection && squaredDistance > selection->getThreshold() &&
+           std::max(pairBound, lowerBound) > selection->getThreshold();
 }
 
 } // namespace tesk::measurement::acceleration

@@ -19,17 +19,20 @@ class PairSelection;
 class OrderedSearch {
 public:
     /// bound: as for DistanceBoundingVolumeTree. With a selection only the pairs of nodes that it touches are looked
-    /// into. The result is the same as without, unless isDoubtful() says otherwise; see TreeDistance.
+    /// into. The result is the same as without if isCertain() says so; see TreeDistance.
     OrderedSearch(LazyTree& first, LazyTree& second, float bound, const PairSelection* selected = nullptr);
 
-    /// Looks into up to so many pairs of nodes more. Whether the search is over.
-    bool run(std::uint64_t mostNodePairs);
+    /// Looks into pairs of nodes until that effort is spent: one for every triangle that is looked at to split nodes,
+    /// `nodePairEffort` for every pair. Whether the search is over.
+    bool run(std::uint64_t mostEffort);
+    static constexpr std::uint64_t nodePairEffort = 64;
 
     const osg::Pnt3f& getClosestPoint1() const { return closestPoint1; }
     const osg::Pnt3f& getClosestPoint2() const { return closestPoint2; }
     float getSquaredDistance() const { return squaredDistance; }
     bool hasTouched() const { return touched; }
-    bool isDoubtful() const { return doubtful; }
+    /// With a selection: whether the result is certain to be the same as without. Nothing has touched where it is not.
+    bool isCertain() const { return settled && !doubtful; }
 
     std::uint64_t getNodePairCount() const { return nodePairCount; }
     std::uint64_t getTrianglePairCount() const { return trianglePairCount; }
@@ -40,6 +43,7 @@ private:
     void testTriangles(const LazyTree::Node& node1, const LazyTree::Node& node2);
     void testTrianglePair(const Triangle& triangle1, const Triangle& triangle2, float gap);
     bool isBeyondThreshold(float lowerBound) const;
+    std::uint64_t getEffort() const;
 
     LazyTree& tree1;
     LazyTree& tree2;
@@ -47,8 +51,12 @@ private:
     osg::Pnt3f closestPoint1{0.0f, 0.0f, 0.0f};
     osg::Pnt3f closestPoint2{0.0f, 0.0f, 0.0f};
     float squaredDistance = 0.0f;
+    /// The lower bound of the pair of nodes that is being looked into.
+    float pairBound = 0.0f;
     bool touched = false;
     bool doubtful = false;
+    /// Whether the closest points are those of a distance up to the threshold, or none could be above it.
+    bool settled = false;
     NodePairQueue candidates;
     InstructionSet instructionSet = getInstructionSet();
     /// Of the triangles of the second node that is being tested.

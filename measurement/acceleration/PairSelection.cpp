@@ -21,18 +21,22 @@ bool holdsAny(const LazyTree::Node& node, const std::vector<std::uint32_t>& plac
 } // namespace
 
 PairSelection::PairSelection(const NearPairs& near, LazyTree& first, LazyTree& second, float bound)
+    : PairSelection(NearTriangles{near.getPairs(), near.getLimit(), near.getTree1().getWildTriangles(),
+                                  near.getTree2().getWildTriangles()},
+                    first, second, bound) {}
+
+PairSelection::PairSelection(const NearTriangles& near, LazyTree& first, LazyTree& second, float bound)
     : tree1(first), tree2(second), threshold(std::max(bound, detail::touchingDistance)) {
     findPlaces(near);
-    if (!near.getPairs().empty()) threshold = std::min(threshold, calcPathBound(near.getPairs().front()));
-    sufficient = threshold * (1.0f + 0.5f * NearPairs::margin) <= near.getLimit();
+    if (!near.pairs.empty()) threshold = std::min(threshold, calcPathBound(near.pairs.front()));
+    sufficient = threshold * (1.0f + 0.5f * NearPairs::margin) <= near.limit;
 }
 
-void PairSelection::findPlaces(const NearPairs& near) {
-    for (const TrianglePair& pair : near.getPairs())
-        places.push_back({tree1.locate(pair.first), tree2.locate(pair.second)});
+void PairSelection::findPlaces(const NearTriangles& near) {
+    for (const TrianglePair& pair : near.pairs) places.push_back({tree1.locate(pair.first), tree2.locate(pair.second)});
     std::sort(places.begin(), places.end(), [](const Place& a, const Place& b) { return a.first < b.first; });
-    wildPlaces1 = locateAll(tree1, near.getTree1().getWildTriangles());
-    wildPlaces2 = locateAll(tree2, near.getTree2().getWildTriangles());
+    wildPlaces1 = locateAll(tree1, near.wild1);
+    wildPlaces2 = locateAll(tree2, near.wild2);
 }
 
 float PairSelection::calcPathBound(const TrianglePair& pair) {

@@ -1,26 +1,29 @@
 #include <measurement/acceleration/PointSearch.h>
 
+#include <measurement/acceleration/PrimitiveGroup.h>
 #include <measurement/acceleration/SpatialOrder.h>
 #include <measurement/geometry/DistanceSegmentPoint.h>
 #include <measurement/geometry/DistanceTrianglePoint.h>
 #include <measurement/geometry/Validity.h>
 
 #include <algorithm>
-#include <cstring>
+#include <random>
 
 namespace tesk::measurement::acceleration {
 
 namespace {
 
-constexpr std::size_t groupSize = 8;
-
 /// A tree that has looked at so many times its groups has spent what sorting costs.
 constexpr std::size_t visitsWorthSorting = 4;
+
+/// So many groups show whether an array is scattered. One of few more is not worth asking.
+constexpr std::size_t sampledGroups = 64;
 
 /// Of so many groups the scan looks at one first, for a good value to pass over most others by.
 constexpr std::size_t groupsPerProbe = 64;
 
-std::size_t groupsFor(std::size_t count) { return (count + groupSize - 1) / groupSize; }
+/// So many groups ahead what a pass over sorted groups reads is asked for.
+constexpr std::size_t groupsAhead = 4;
 
 DistanceTrianglePoint query(const PrimitiveArray<Triangle>& triangles, std::size_t i, const osg::Pnt3f& point) {
     return {{triangles.corner(i, 0), triangles.corner(i, 1), triangles.corner(i, 2)}, osg::Vec3f(point)};
@@ -34,55 +37,35 @@ DistanceSegmentPoint query(const PrimitiveArray<Segment>& segments, std::size_t 
 bool isAnswer(const DistanceTrianglePoint& answer) { return isValid(answer.getClosestPoint()); }
 bool isAnswer(const DistanceSegmentPoint&) { return true; }
 
+/// Looks at those of the group that may be as near as the best.
 template <class Primitive>
-void measureAs(std::uint64_t rank, const PrimitiveArray<Primitive>& primitives, std::size_t number,
-               const osg::Pnt3f& point, NearestPrimitive& nearest) {
-    const auto answer = query(primitives, number, point);
-    if (nearest.givesWayTo(answer.getSquaredDistance(), rank) && isAnswer(answer))
-        nearest = {answer.getSquaredDistance(), rank, answer.getClosestPoint(), true};
+void measureNear(const PrimitiveArray<Primitive>& primitives, const PrimitiveGroup<Primitive>& group,
+                 const osg::Pnt3f& point, std::uint64_t firstRank, InstructionSet set, NearestPrimitive& nearest) {
+    const unsigned near = findNear(group.getLanes(), point, nearest.squaredDistance, set);
+    for (std::size_t lane = 0; lane < group.size(); ++lane)
+        if (near >> lane & 1) measure(primitives, group[lane], point, firstRank, nearest);
 }
 
-/// Reads four numbers at once unless the fourth would lie behind the last position.
-Quad loadQuad(const osg::Pnt3f* positions, std::size_t number, std::size_t last) {
-    if (number == last) return toQuad(positions[number]);
-    Quad quad;
-    std::memcpy(&quad, static_cast<const void*>(positions + number), sizeof quad);
-    return quad;
+float halfArea(const QuadBox& box) {
+    const Quad size = box.max - box.min;
+    return size[0] * size[1] + size[1] * size[2] + size[2] * size[0];
 }
 
-template <class Primitive> QuadBox boxOfGroup(const PrimitiveArray<Primitive>& primitives, std::size_t group) {
-    constexpr std::size_t corners = cornerCount<Primitive>;
-    const std::size_t first = group * groupSize, count = std::min(groupSize, primitives.count - first);
-    const std::uint32_t* const numbers = primitives.corners + first * corners;
-    const auto load = [&](std::size_t i) {
-        const Quad position = loadQuad(primitives.positions, numbers[i], primitives.positionCount - 1);
-        return QuadBox{position, position};
-    };
-    // Two boxes, so that not every operation waits for the one before.
-    QuadBox box, other;
-    std::size_t i = 0;
-    for (; i + 2 <= count * corners; i += 2) {
-        box.grow(load(i));
-        other.grow(load(i + 1));
+/// Whether groups, as they are in the array, are spread all over it: some of them together have more area than what is
+/// around them all.
+template <class Primitive> bool isScattered(const PrimitiveArray<Primitive>& primitives) {
+    const std::size_t groupCount = groupsFor(primitives.count);
+    if (groupCount < 16 * sampledGroups) return false;
+    // At random lest they follow the rows of a mesh.
+    std::minstd_rand random;
+    QuadBox whole;
+    float area = 0.0f;
+    for (std::size_t sample = 0; sample < sampledGroups; ++sample) {
+        const QuadBox box = PrimitiveGroup<Primitive>(primitives, nullptr, random() % groupCount).getBox();
+        whole.grow(box);
+        area += halfArea(box);
     }
-    if (i < count * corners) box.grow(load(i));
-    box.grow(other);
-    return box;
-}
-
-/// Calls visit(number) for those of the group that may be as near as the best, in their order.
-template <class Primitive, class Visitor>
-void visitNear(const PrimitiveArray<Primitive>& primitives, std::size_t group, const osg::Pnt3f& point,
-               const NearestPrimitive& nearest, InstructionSet set, Visitor visit) {
-    const std::size_t first = group * groupSize, last = primitives.count - 1;
-    PrimitiveLanes<Primitive> lanes;
-    // Lanes too many repeat the last primitive, which is as near as itself.
-    for (std::size_t lane = 0; lane < groupSize; ++lane)
-        for (std::size_t which = 0; which < cornerCount<Primitive>; ++which)
-            lanes.corners[which].set(static_cast<int>(lane), primitives.corner(std::min(first + lane, last), which));
-    const unsigned near = findNear(lanes, point, nearest.squaredDistance, set);
-    for (std::size_t lane = 0; lane < groupSize && first + lane <= last; ++lane)
-        if (near >> lane & 1) visit(first + lane);
+    return area > halfArea(whole);
 }
 
 } // namespace
@@ -90,7 +73,10 @@ void visitNear(const PrimitiveArray<Primitive>& primitives, std::size_t group, c
 template <class Primitive>
 void measure(const PrimitiveArray<Primitive>& primitives, std::size_t number, const osg::Pnt3f& point,
              std::uint64_t firstRank, NearestPrimitive& nearest) {
-    measureAs(firstRank + number, primitives, number, point, nearest);
+    const auto answer = query(primitives, number, point);
+    const std::uint64_t rank = firstRank + number;
+    if (nearest.givesWayTo(answer.getSquaredDistance(), rank) && isAnswer(answer))
+        nearest = {answer.getSquaredDistance(), rank, answer.getClosestPoint(), true};
 }
 
 template <class Primitive>
@@ -99,13 +85,14 @@ void scan(const PrimitiveArray<Primitive>& primitives, const osg::Pnt3f& point, 
     const InstructionSet set = getInstructionSet();
     const std::size_t groupCount = groupsFor(primitives.count);
     const auto look = [&](std::size_t group) {
-        visitNear(primitives, group, point, nearest, set,
-                  [&](std::size_t number) { measure(primitives, number, point, firstRank, nearest); });
+        measureNear(primitives, {primitives, nullptr, group}, point, firstRank, set, nearest);
     };
     for (std::size_t group = groupsPerProbe; group < groupCount; group += groupsPerProbe) look(group);
-    const Quad quadPoint = toQuad(point);
+    const Quad quadPoint{point[0], point[1], point[2]};
     for (std::size_t group = 0; group < groupCount; ++group)
-        if (!(lowerBound(boxOfGroup(primitives, group), quadPoint) > nearest.squaredDistance)) look(group);
+        if (!(lowerBound(PrimitiveGroup<Primitive>(primitives, nullptr, group).getBox(), quadPoint) >
+              nearest.squaredDistance))
+            look(group);
 }
 
 template <class Primitive> struct PointTree<Primitive>::Query {
@@ -115,52 +102,57 @@ template <class Primitive> struct PointTree<Primitive>::Query {
 };
 
 template <class Primitive> PointTree<Primitive>::PointTree(const PrimitiveArray<Primitive>& array) : primitives(array) {
-    build();
+    if (isScattered(primitives))
+        sort();
+    else
+        build();
+}
+
+template <class Primitive> PrimitiveGroup<Primitive> PointTree<Primitive>::getGroup(std::size_t group) const {
+    return {primitives, isSorted() ? order.data() : nullptr, group};
 }
 
 template <class Primitive> void PointTree<Primitive>::build() {
     levels.clear();
-    std::size_t boxCount = groupsFor(primitives.count);
-    if (boxCount == 0) return;
-    std::vector<BoxLanes> blocks;
-    const auto fill = [&blocks, &boxCount](auto boxOf) {
-        const std::size_t blockCount = groupsFor(boxCount);
-        blocks.reserve(blockCount);
-        for (std::size_t block = 0; block < blockCount; ++block) {
-            blocks.emplace_back();
-            for (std::size_t lane = 0; lane < groupSize; ++lane) {
-                const std::size_t i = block * groupSize + lane;
-                const QuadBox box = i < boxCount ? boxOf(i) : QuadBox();
-                blocks.back().low.set(static_cast<int>(lane), {box.min[0], box.min[1], box.min[2]});
-                blocks.back().high.set(static_cast<int>(lane), {box.max[0], box.max[1], box.max[2]});
-            }
+    if (primitives.count == 0) return;
+    addLevel(groupsFor(primitives.count), [this](std::size_t group) {
+        if (isSorted()) {
+            getGroup(group + 2 * groupsAhead).fetchCorners();
+            getGroup(group + groupsAhead).fetchPositions();
         }
-        boxCount = blockCount;
-    };
-    fill([this](std::size_t group) { return boxOfGroup(primitives, group); });
-    levels.push_back(std::move(blocks));
-    while (boxCount > 1) {
-        blocks = {};
-        fill([this](std::size_t block) {
-            const BoxLanes& inner = levels.back()[block];
+        return getGroup(group).getBox();
+    });
+    while (levels.back().size() > 1) {
+        addLevel(levels.back().size(), [this](std::size_t block) {
+            const auto& [low, high] = levels.back()[block];
             QuadBox box;
             for (std::size_t lane = 0; lane < groupSize; ++lane)
-                box.grow({Quad{inner.low.x[lane], inner.low.y[lane], inner.low.z[lane]},
-                          Quad{inner.high.x[lane], inner.high.y[lane], inner.high.z[lane]}});
+                box.grow({Quad{low.x[lane], low.y[lane], low.z[lane]}, Quad{high.x[lane], high.y[lane], high.z[lane]}});
             return box;
         });
-        levels.push_back(std::move(blocks));
     }
 }
 
+template <class Primitive>
+template <class BoxOf>
+void PointTree<Primitive>::addLevel(std::size_t boxCount, BoxOf boxOf) {
+    const std::size_t blockCount = groupsFor(boxCount);
+    std::vector<BoxLanes> blocks;
+    blocks.reserve(blockCount);
+    for (std::size_t block = 0; block < blockCount; ++block) {
+        BoxLanes& lanes = blocks.emplace_back();
+        for (std::size_t lane = 0; lane < groupSize; ++lane) {
+            const std::size_t i = block * groupSize + lane;
+            const QuadBox box = i < boxCount ? boxOf(i) : QuadBox();
+            lanes.low.set(static_cast<int>(lane), {box.min[0], box.min[1], box.min[2]});
+            lanes.high.set(static_cast<int>(lane), {box.max[0], box.max[1], box.max[2]});
+        }
+    }
+    levels.push_back(std::move(blocks));
+}
+
 template <class Primitive> void PointTree<Primitive>::sort() {
-    constexpr std::size_t corners = cornerCount<Primitive>;
-    order = orderAlongCurve(primitives.positions, primitives.corners, corners, primitives.count);
-    sortedCorners.reserve(primitives.count * corners);
-    for (const std::uint32_t number : order)
-        for (std::size_t which = 0; which < corners; ++which)
-            sortedCorners.push_back(primitives.corners[number * corners + which]);
-    primitives.corners = sortedCorners.data();
+    order = orderAlongCurve(primitives.positions, primitives.corners, cornerCount<Primitive>, primitives.count);
     build();
 }
 
@@ -196,10 +188,7 @@ void PointTree<Primitive>::searchBoxes(const Query& query, std::size_t level, st
 template <class Primitive>
 void PointTree<Primitive>::searchGroup(const Query& query, std::size_t group, NearestPrimitive& nearest) {
     ++visitedGroups;
-    visitNear(primitives, group, query.point, nearest, query.set, [&](std::size_t number) {
-        const std::size_t original = isSorted() ? order[number] : number;
-        measureAs(query.firstRank + original, primitives, number, query.point, nearest);
-    });
+    measureNear(primitives, getGroup(group), query.point, query.firstRank, query.set, nearest);
 }
 
 template class PointTree<Triangle>;

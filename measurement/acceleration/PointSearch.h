@@ -48,11 +48,13 @@ template <class Primitive>
 void scan(const PrimitiveArray<Primitive>& primitives, const osg::Pnt3f& point, std::uint64_t firstRank,
           NearestPrimitive& nearest);
 
+template <class Primitive> class PrimitiveGroup;
+
 /// Boxes around every eight primitives that follow each other, around every eight of these boxes, and so on.
 ///
-/// Primitives next to each other in an array are mostly next to each other in space as well. Where they are not, and
-/// searches have therefore looked at several times as many primitives as there are, the tree sorts them along a curve
-/// through space once and for all. Until then it has 3.5 bytes for each triangle, afterwards 20.
+/// Primitives next to each other in an array are mostly next to each other in space as well. Where some show that they
+/// are not, or where searches have looked at several times as many primitives as there are, the tree takes them in an
+/// order along a curve through space. It has 3.5 bytes for each triangle, in that order 7.5, and 20 while it sorts.
 template <class Primitive> class PointTree {
 public:
     explicit PointTree(const PrimitiveArray<Primitive>& array);
@@ -60,12 +62,16 @@ public:
     /// The result of scan(). A good answer to begin with makes it fast.
     void search(const osg::Pnt3f& point, std::uint64_t firstRank, NearestPrimitive& nearest);
 
+    bool isEmpty() const { return levels.empty(); }
     bool isSorted() const { return !order.empty(); }
 
 private:
     struct Query;
 
+    PrimitiveGroup<Primitive> getGroup(std::size_t group) const;
     void build();
+    /// The boxes, boxOf(number) each, in blocks of eight.
+    template <class BoxOf> void addLevel(std::size_t boxCount, BoxOf boxOf);
     void sort();
     void searchBoxes(const Query& query, std::size_t level, std::size_t block, NearestPrimitive& nearest);
     void searchGroup(const Query& query, std::size_t group, NearestPrimitive& nearest);
@@ -73,9 +79,8 @@ private:
     PrimitiveArray<Primitive> primitives;
     /// From the boxes of primitives, eight in a block, to the one block that holds all.
     std::vector<std::vector<BoxLanes>> levels;
-    /// Once sorted, the numbers that primitives have for others, and the corners.
+    /// The primitives' numbers once they are sorted.
     std::vector<std::uint32_t> order;
-    std::vector<std::uint32_t> sortedCorners;
     std::size_t visitedGroups = 0;
 };
 

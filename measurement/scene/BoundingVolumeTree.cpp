@@ -1,6 +1,7 @@
 #include <measurement/scene/BoundingVolumeTree.h>
 
 #include <measurement/scene/detail/GeometryPrimitives.h>
+#include <measurement/scene/detail/NodeGeometry.h>
 #include <measurement/scene/detail/SubtreeWalk.h>
 
 namespace tesk::measurement {
@@ -26,7 +27,7 @@ void BoundingVolumeTree::buildRec(const osg::NodePtr& node, bool recursive) {
 }
 
 void BoundingVolumeTree::pushGeometry(const osg::NodePtr& node) {
-    const osg::GeometryPtr geometry = osg::GeometryPtr::dcast(node->getCore());
+    const osg::GeometryPtr geometry = detail::getGeometry(node);
     if (geometry == osg::NullFC) return;
     const osg::Matrix toWorld = node->getToWorld();
     detail::forEachTriangle(geometry, [&](const Triangle& local) {

@@ -2,6 +2,7 @@
 
 #include <measurement/geometry/detail/Constants.h>
 #include <measurement/scene/detail/GeometryArrays.h>
+#include <measurement/scene/detail/NodeGeometry.h>
 #include <measurement/scene/detail/PrimitiveRank.h>
 #include <measurement/scene/detail/SubtreeWalk.h>
 
@@ -21,7 +22,7 @@ void PointObjectDistanceCalculator::findPointObjectDistance(const osg::NodePtr& 
 }
 
 void PointObjectDistanceCalculator::testGeometry(const osg::NodePtr& candidate) {
-    const osg::GeometryPtr geometry = osg::GeometryPtr::dcast(candidate->getCore());
+    const osg::GeometryPtr geometry = detail::getGeometry(candidate);
     if (geometry == osg::NullFC) return;
     const osg::Matrix toWorld = candidate->getToWorld();
     osg::Matrix toLocal = toWorld;

@@ -1,10 +1,10 @@
 #include <measurement/section/GapMeasurement.h>
 
+#include <measurement/acceleration/OutlineDistance.h>
 #include <measurement/geometry/detail/Constants.h>
 #include <measurement/geometry/detail/VectorMath.h>
 #include <measurement/model/detail/GroupNode.h>
-#include <measurement/scene/BoundingVolumeTree.h>
-#include <measurement/scene/DistanceBoundingVolumeTree.h>
+#include <measurement/scene/detail/SubtreeSnapshot.h>
 #include <measurement/section/GeometrySliceFactory.h>
 #include <measurement/section/detail/SampleStatistics.h>
 
@@ -97,23 +97,22 @@ void GapMeasurement::setNode2(const osg::NodePtr& object, const osg::Pnt3f& poin
 }
 
 void GapMeasurement::sampleTrack() {
-    BoundingVolumeTree tree2;
-    tree2.build(object2, true);
+    const detail::SubtreeSnapshot snapshot2(object2);
+    acceleration::OutlineDistance search(snapshot2.getMesh());
     const Track track(point1, point2);
     for (Steps steps(track, sampleDistance); steps.areLeft();) {
         const auto addOutline = [&](const std::vector<Segment>& outline) {
-            if (!outline.empty()) addSample({outline.begin(), outline.end()}, tree2);
+            if (outline.empty()) return;
+            search.calcDistance(outline);
+            addSample(search.getClosestPoint1(), search.getClosestPoint2());
         };
         GeometrySliceFactory().createSlices(object1, track.direction, steps.takeOffsets(), addOutline);
     }
 }
 
-void GapMeasurement::addSample(const std::list<Segment>& outline, const BoundingVolumeTree& tree2) {
-    BoundingVolumeTree outlineTree;
-    outlineTree.build(outline);
-    const DistanceBoundingVolumeTree search(outlineTree, tree2, detail::largestFloat);
-    pointPairs.emplace_back(search.getClosestPoint1(), search.getClosestPoint2());
-    averageDistance += detail::distanceBetween(search.getClosestPoint1(), search.getClosestPoint2());
+void GapMeasurement::addSample(const osg::Pnt3f& onOutline, const osg::Pnt3f& onObject2) {
+    pointPairs.emplace_back(onOutline, onObject2);
+    averageDistance += detail::distanceBetween(onOutline, onObject2);
 }
 
 void GapMeasurement::calcStatistics() {

@@ -7,9 +7,6 @@
 
 namespace tesk::measurement {
 
-class BoundingVolumeTree;
-struct Segment;
-
 /// The gap between two objects along a straight track, such as that between a blade and its casing.
 ///
 /// The track runs from a point picked on the first object to one picked on the second. At every sample distance along
@@ -27,7 +24,8 @@ struct Segment;
 /// place reached, the start if it is so from the beginning.
 ///
 /// Cost of an update: for all steps together one slicing, for each the search between its outline and a hierarchy
-/// over the second object, which is built once. It keeps one pair of points for each sample.
+/// over the second object, which is built once and only where searches come. It keeps one pair of points for each
+/// sample.
 ///
 /// \code
 /// GapMeasurement* const gap = manager->createGapMeasurement();
@@ -71,7 +69,7 @@ public:
 
 private:
     void sampleTrack();
-    void addSample(const std::list<Segment>& outline, const BoundingVolumeTree& tree2);
+    void addSample(const osg::Pnt3f& onOutline, const osg::Pnt3f& onObject2);
     void calcStatistics();
 
     /// What is measured; not what getNode1() and getNode2() give after the construction with nodes.

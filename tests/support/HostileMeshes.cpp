@@ -1,5 +1,7 @@
 #include <support/HostileMeshes.h>
 
+#include <OpenSG/OSGGeometry.h>
+
 #include <cmath>
 #include <cstdlib>
 
@@ -67,6 +69,33 @@ Mesh hostileMesh(Random& random) {
     if (random.chance(0.1f))
         for (std::size_t i = 0; i < mesh.indices.size(); i += 3) mesh.indices[i + 2] = mesh.indices[i + 1];
     return mesh;
+}
+
+SceneNode hostileGeometry(Random& random) {
+    Mesh mesh;
+    for (std::uint32_t i = 1 + random.below(200); i > 0; --i) mesh.positions.push_back(random.point(3.0f));
+    const auto positionCount = static_cast<osg::UInt32>(mesh.positions.size());
+    for (std::uint32_t i = random.below(120); i > 0; --i)
+        mesh.indices.push_back(random.chance(0.002f) ? ~0u : random.below(positionCount + random.chance(0.01f)));
+    if (random.chance(0.7f)) mesh.indices.resize(mesh.indices.size() / 3 * 3);
+    const SceneNode node = geometry(mesh);
+    const osg::GeometryPtr core = osg::GeometryPtr::dcast(node->getCore());
+    if (random.chance(0.2f)) {
+        const osg::GeoIndicesPtr narrow = osg::GeoIndicesUI16::create();
+        for (const osg::UInt32 index : mesh.indices) narrow->push_back(index);
+        core->setIndices(narrow);
+    }
+    if (random.chance(0.2f)) core->getLengths()->setValue(random.below(40), 0);
+    if (random.chance(0.2f)) core->getTypes()->setValue(GL_TRIANGLE_STRIP, 0);
+    if (random.chance(0.2f)) {
+        core->getTypes()->push_back(random.chance(0.5f) ? GL_TRIANGLE_FAN : GL_LINE_STRIP);
+        core->getLengths()->push_back(random.below(20));
+    }
+    if (random.chance(0.1f)) {
+        core->getMFIndexMapping()->push_back(osg::Geometry::MapNormal);
+        core->getMFIndexMapping()->push_back(osg::Geometry::MapPosition);
+    }
+    return node;
 }
 
 } // namespace tesk::test

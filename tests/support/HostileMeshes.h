@@ -12,4 +12,8 @@ int differentialRuns(int usual);
 /// on a lattice where distances tie, doubled, segments as triangles, far off, very large or small, not finite.
 Mesh hostileMesh(Random& random);
 
+/// A geometry of any primitives over any indices, most of them good, of any width, with lengths and indices that may
+/// lead astray.
+SceneNode hostileGeometry(Random& random);
+
 } // namespace tesk::test

@@ -1,5 +1,7 @@
 #include <measurement/scene/detail/GeometryRepair.h>
 
+#include <measurement/scene/detail/NodeGeometry.h>
+
 #include <OpenSG/OSGGL.h>
 
 #include <algorithm>
@@ -110,7 +112,7 @@ private:
 };
 
 void computeVolumeIfDoubtful(const osg::NodePtr& node) {
-    const osg::GeometryPtr geometry = osg::GeometryPtr::dcast(node->getCore());
+    const osg::GeometryPtr geometry = getGeometry(node);
     if (geometry == osg::NullFC || geometry->getPositions() == osg::NullFC) return;
     const osg::GeoPositionsPtr positions = geometry->getPositions();
     const auto positionCount = static_cast<osg::UInt32>(positions->getSize());

@@ -25,7 +25,6 @@ public:
     const acceleration::TriangleMesh& getMesh() const { return mesh; }
 
 private:
-    bool useIndices(const osg::GeometryPtr& geometry, std::size_t positionCount);
     void collectCorners(const osg::GeometryPtr& geometry, const GeometryPositions& local);
 
     acceleration::TriangleMesh mesh;

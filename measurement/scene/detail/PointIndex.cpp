@@ -1,6 +1,7 @@
 #include <measurement/scene/detail/PointIndex.h>
 
 #include <measurement/scene/detail/GeometryArrays.h>
+#include <measurement/scene/detail/NodeGeometry.h>
 #include <measurement/scene/detail/PrimitiveRank.h>
 #include <measurement/scene/detail/SubtreeWalk.h>
 
@@ -38,20 +39,19 @@ public:
     }
 
     /// Looks at a primitive of this part.
-    void measure(std::uint64_t rank, const osg::Pnt3f& point, acceleration::NearestPrimitive& nearest) const {
+    void measure(std::uint64_t rank, const osg::Pnt3f& point, acceleration::NearestPrimitive& best) const {
         const osg::Pnt3f local = toLocalPoint(point);
         if (isSegment(rank))
-            acceleration::measure(trees->arrays.getSegments(), primitiveOf(rank), local, rankOfSegments(number),
-                                  nearest);
+            acceleration::measure(trees->arrays.getSegments(), primitiveOf(rank), local, rankOfSegments(number), best);
         else
             acceleration::measure(trees->arrays.getTriangles(), primitiveOf(rank), local, rankOfTriangles(number),
-                                  nearest);
+                                  best);
     }
 
-    void search(const osg::Pnt3f& point, acceleration::NearestPrimitive& nearest) const {
+    void search(const osg::Pnt3f& point, acceleration::NearestPrimitive& best) const {
         const osg::Pnt3f local = toLocalPoint(point);
-        trees->triangles.search(local, rankOfTriangles(number), nearest);
-        trees->segments.search(local, rankOfSegments(number), nearest);
+        trees->triangles.search(local, rankOfTriangles(number), best);
+        trees->segments.search(local, rankOfSegments(number), best);
     }
 
 private:
@@ -63,7 +63,7 @@ private:
 PointIndex::PointIndex(const osg::NodePtr& object) {
     std::map<const osg::Geometry*, Trees*> treesOf;
     visitSubtree(object, [&](const osg::NodePtr& visited) {
-        const osg::GeometryPtr geometry = osg::GeometryPtr::dcast(visited->getCore());
+        const osg::GeometryPtr geometry = getGeometry(visited);
         if (geometry == osg::NullFC) return;
         Trees*& found = treesOf[&*geometry];
         if (found == nullptr) found = &trees.emplace_back(geometry);
@@ -79,6 +79,18 @@ void PointIndex::calc(const osg::Pnt3f& point) {
     if (last.isFound) parts[geometryOf(last.rank)].measure(last.rank, point, nearest);
     for (const Part& part : parts) part.search(point, nearest);
     if (nearest.isFound) closestPoint = parts[geometryOf(nearest.rank)].toWorldPoint(nearest.point);
+}
+
+PointIndex::TreeCounts PointIndex::countTrees() const {
+    TreeCounts counts;
+    const auto add = [&counts](const auto& tree) {
+        if (!tree.isEmpty()) ++(tree.isSorted() ? counts.sorted : counts.inIndexOrder);
+    };
+    for (const Trees& some : trees) {
+        add(some.triangles);
+        add(some.segments);
+    }
+    return counts;
 }
 
 } // namespace tesk::measurement::detail

@@ -27,6 +27,13 @@ public:
 
     const osg::Pnt3f& getPoint() const { return closestPoint; }
 
+    /// How many trees of triangles or lines are in the order of the geometry's indices, and how many had to be sorted.
+    struct TreeCounts {
+        std::size_t inIndexOrder = 0;
+        std::size_t sorted = 0;
+    };
+    TreeCounts countTrees() const;
+
 private:
     struct Trees;
     class Part;

@@ -1,14 +1,10 @@
 #pragma once
 
 #include <OpenSG/OSGGeometry.h>
-#include <OpenSG/OSGNode.h>
+
+#include <measurement/scene/detail/NodeGeometry.h>
 
 namespace tesk::measurement::detail {
-
-/// The node's core as a geometry; null if it is none.
-inline osg::GeometryPtr getGeometry(const osg::NodePtr& node) {
-    return node != osg::NullFC ? osg::GeometryPtr::dcast(node->getCore()) : osg::GeometryPtr();
-}
 
 /// The positions of a geometry as they lie in memory. Empty without a geometry and for positions that are not
 /// osg::GeoPositions3f.

@@ -28,8 +28,6 @@ osg::NodePtr shareCores(const osg::NodePtr& subtree) {
     return node;
 }
 
-osg::GeometryPtr getGeometry(const osg::NodePtr& node) { return osg::GeometryPtr::dcast(node->getCore()); }
-
 void showIf(bool isDrawable, const osg::NodePtr& node) {
     const bool isHidden = node->getTravMask() == 0;
     if (isDrawable == isHidden) setShown(node, isDrawable);

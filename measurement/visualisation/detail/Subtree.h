@@ -1,8 +1,9 @@
 #pragma once
 
-#include <OpenSG/OSGGeometry.h>
 #include <OpenSG/OSGMaterial.h>
 #include <OpenSG/OSGNode.h>
+
+#include <measurement/scene/detail/NodeGeometry.h>
 
 #include <initializer_list>
 
@@ -24,9 +25,6 @@ osg::NodePtr createGeometry(const osg::MaterialPtr& material);
 
 /// New nodes on the cores of a subtree, which stays as it is.
 osg::NodePtr shareCores(const osg::NodePtr& subtree);
-
-/// The geometry core of a node; null when it has another.
-osg::GeometryPtr getGeometry(const osg::NodePtr& node);
 
 /// Hides a node that must not be drawn by a traversal mask of 0, and shows it again when it may; another mask, which
 /// may be the host's, stays.
