@@ -15,13 +15,15 @@ constexpr std::size_t mostWildTriangles = 256;
 
 const QuadBox& boxOf(const LazyTree& tree) { return tree.getNode(LazyTree::root).box; }
 
-float largestCoordinateOf(const QuadBox& box) {
-    const Quad largest = larger(absolute(box.min), absolute(box.max));
-    return std::max({largest[0], largest[1], largest[2]});
-}
-
 float limitFor(float squaredDistance) {
     return std::max(squaredDistance, detail::touchingDistance) * (1.0f + NearPairs::margin);
+}
+
+/// The square of a gap of discs, taken less for rounding.
+float squaredLess(const DiscGap& gap, const RoundingSlack& slack) {
+    const float along = std::max(0.0f, gap.along - slack.ofLength),
+                across = std::max(0.0f, gap.across - slack.ofLength);
+    return along * along + across * across;
 }
 
 /// The triangle of a sample whose first corner is nearest.
@@ -69,7 +71,7 @@ bool NearPairs::isWorthwhile() const {
 bool NearPairs::find() {
     if (!isWorthwhile()) return false;
     const std::uint64_t triangleCount = std::uint64_t(tree1.getMesh().triangleCount) + tree2.getMesh().triangleCount;
-    const std::uint64_t mostEffort = 60000 + triangleCount / 2;
+    const std::uint64_t mostEffort = 200000 + triangleCount / 2;
     insert(CompactTree::root, CompactTree::root);
     while (!candidates.empty() && candidates.front().bound <= limit) {
         std::pop_heap(candidates.begin(), candidates.end(), ComesAfter());
@@ -85,41 +87,23 @@ bool NearPairs::find() {
     return true;
 }
 
-// What the query may fall short of the gap between the operands by rounding. The size of its operands is at most three
-// times the reach, the distance of the farthest corners; each value is a sum of a few products of them, each
-// rounded by 2^-24 of itself. And a line may seem to pierce a triangle that it misses by as much as the coordinates are
-// rounded, the more the thinner the triangle is. Discs, too, are made from rounded numbers.
-NearPairs::Slack NearPairs::calcSlack(const QuadBox& a, const QuadBox& b, float inverseSine) const {
-    constexpr float rounding = 4e-6f;
-    const Quad farthest = larger(absolute(a.max - b.min), absolute(b.max - a.min));
-    const float squaredReach = 9.0f * dot(farthest, farthest);
-    const float reach = std::sqrt(squaredReach);
-    const float miss = rounding * (reach + largestCoordinate) * inverseSine;
-    return {miss * miss, rounding * squaredReach, rounding * reach};
+RoundingSlack NearPairs::calcSlack(const QuadBox& a, const QuadBox& b, float inverseSine) const {
+    return {a, b, inverseSine, largestCoordinate};
 }
 
 float NearPairs::calcFarthest(const QuadBox& box1, const QuadBox& box2) const {
-    const Slack slack = calcSlack(box1, box2, CompactTree::largestInverseSine);
+    const RoundingSlack slack = calcSlack(box1, box2, CompactTree::largestInverseSine);
     return std::max(slack.squaredMiss, limit + slack.ofSquare);
-}
-
-float NearPairs::Slack::calcBound(float squaredGap) const {
-    return squaredGap > squaredMiss ? squaredGap - ofSquare : 0.0f;
-}
-
-float NearPairs::Slack::lessened(const DiscGap& gap) const {
-    const float along = std::max(0.0f, gap.along - ofDisc), across = std::max(0.0f, gap.across - ofDisc);
-    return along * along + across * across;
 }
 
 void NearPairs::insert(std::uint32_t node1, std::uint32_t node2) {
     ++effort;
     const CompactHull& a = tree1.getNode(node1).hull;
     const CompactHull& b = tree2.getNode(node2).hull;
-    const Slack slack = calcSlack(a.box, b.box, std::max(a.inverseSine, b.inverseSine));
+    const RoundingSlack slack = calcSlack(a.box, b.box, std::max(a.inverseSine, b.inverseSine));
     const float boxGap = squaredGapOf(a.box, b.box);
     if (!(slack.calcBound(boxGap) <= limit)) return;
-    const float bound = slack.calcBound(std::max(boxGap, slack.lessened(findDiscGap(a, b))));
+    const float bound = slack.calcBound(std::max(boxGap, squaredLess(findDiscGap(a, b), slack)));
     if (!(bound <= limit)) return;
     candidates.push_back({bound, node1, node2});
     std::push_heap(candidates.begin(), candidates.end(), ComesAfter());
@@ -146,11 +130,11 @@ void NearPairs::refine(const Candidate& candidate) {
 }
 
 void NearPairs::testTriangles(const CompactTree::Group& group1, const CompactTree::Group& group2) {
-    const Slack slack =
+    const RoundingSlack slack =
         calcSlack(group1.hull.box, group2.hull.box, std::max(group1.hull.inverseSine, group2.hull.inverseSine));
     const Quad direction = findDiscGap(group1.hull, group2.hull).direction;
     const auto isNear = [&](const Operand& a, const Operand& b) {
-        const float along = std::max(0.0f, b.range.low - a.range.high - slack.ofDisc);
+        const float along = std::max(0.0f, b.range.low - a.range.high - slack.ofLength);
         return slack.calcBound(std::max(squaredGapOf(a.box, b.box), along * along)) <= limit;
     };
     ++effort;

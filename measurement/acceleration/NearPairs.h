@@ -2,6 +2,7 @@
 
 #include <measurement/acceleration/CompactTree.h>
 #include <measurement/acceleration/LazyTree.h>
+#include <measurement/acceleration/RoundingSlack.h>
 #include <measurement/acceleration/TrianglePairFilter.h>
 
 #include <cstdint>
@@ -47,18 +48,6 @@ private:
         bool operator()(const Candidate& a, const Candidate& b) const { return a.bound > b.bound; }
     };
 
-    /// What numbers about two hulls must be taken less for, for rounding.
-    struct Slack {
-        float squaredMiss;
-        float ofSquare;
-        float ofDisc;
-
-        /// What the query may answer at least for triangles with that gap.
-        float calcBound(float squaredGap) const;
-        /// The squared gap.
-        float lessened(const DiscGap& gap) const;
-    };
-
     /// A triangle, its box and where it lies along a direction.
     struct Operand {
         std::uint32_t triangle;
@@ -69,7 +58,7 @@ private:
     };
 
     bool isWorthwhile() const;
-    Slack calcSlack(const QuadBox& a, const QuadBox& b, float inverseSine) const;
+    RoundingSlack calcSlack(const QuadBox& a, const QuadBox& b, float inverseSine) const;
     /// Beyond which squared gap triangles in the two boxes cannot be near.
     float calcFarthest(const QuadBox& box1, const QuadBox& box2) const;
     void insert(std::uint32_t node1, std::uint32_t node2);

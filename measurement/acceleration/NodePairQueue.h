@@ -27,12 +27,12 @@ public:
         }
         if (heap.size() == heap.capacity() || insertions == 0xffffffffu) makeRoom(best);
         heap.push_back({toKey(lowerBound, insertions++), pair});
-        std::push_heap(heap.begin(), heap.end(), comesAfter);
+        std::push_heap(heap.begin(), heap.end(), ComesAfter());
     }
 
     NodePair takeFirst() {
         if (firstTouching < touching.size()) return touching[firstTouching++];
-        std::pop_heap(heap.begin(), heap.end(), comesAfter);
+        std::pop_heap(heap.begin(), heap.end(), ComesAfter());
         const NodePair first = heap.back().pair;
         heap.pop_back();
         return first;
@@ -45,7 +45,9 @@ private:
         NodePair pair;
     };
 
-    static bool comesAfter(const Entry& a, const Entry& b) { return a.key > b.key; }
+    struct ComesAfter {
+        bool operator()(const Entry& a, const Entry& b) const { return a.key > b.key; }
+    };
 
     static std::uint64_t toKey(float bound, std::uint32_t number) {
         std::uint32_t bits;

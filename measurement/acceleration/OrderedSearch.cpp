@@ -9,7 +9,9 @@
 namespace tesk::measurement::acceleration {
 
 OrderedSearch::OrderedSearch(LazyTree& first, LazyTree& second, float bound, const PairSelection* selected)
-    : tree1(first), tree2(second), selection(selected) {
+    : tree1(first), tree2(second), selection(selected),
+      largestCoordinate(std::max(largestCoordinateOf(first.getNode(LazyTree::root).box),
+                                 largestCoordinateOf(second.getNode(LazyTree::root).box))) {
     const NodePair roots{LazyTree::root, LazyTree::root};
     const detail::DistanceBounds bounds =
         distanceBounds(tree1.getNode(LazyTree::root).box, tree2.getNode(LazyTree::root).box);
@@ -75,26 +77,27 @@ void OrderedSearch::testTriangles(const LazyTree::Node& node1, const LazyTree::N
     const std::uint32_t* const numbers1 = tree1.getNumbers(node1);
     const std::uint32_t* const numbers2 = tree2.getNumbers(node2) + node2.begin;
     const std::uint32_t count2 = node2.ownEnd - node2.begin;
-    boxes.clear();
+    spans.clear();
     for (std::uint32_t i = node1.begin; i < node1.ownEnd; ++i) {
         const QuadBox box1 = quadBoxOf(tree1.getMesh(), numbers1[i]);
         const float nodeGap = squaredGap(box1, node2.box);
         if (!(nodeGap <= squaredDistance)) continue;
-        if (boxes.empty())
-            for (std::uint32_t k = 0; k < count2; ++k) boxes.push_back(quadBoxOf(tree2.getMesh(), numbers2[k]));
-        const Triangle triangle1 = tree1.getMesh()[numbers1[i]];
-        for (std::uint32_t k = 0; k < count2; ++k) {
-            const float gap = squaredGap(box1, boxes[k]);
-            if (gap <= squaredDistance)
-                testTrianglePair(triangle1, tree2.getMesh()[numbers2[k]], std::max(gap, nodeGap));
+        if (spans.empty())
+            for (std::uint32_t k = 0; k < count2; ++k) spans.emplace_back(tree2.getMesh(), numbers2[k]);
+        const TriangleSpan span1(tree1.getMesh(), numbers1[i]);
+        for (const TriangleSpan& span2 : spans) {
+            const float gap = squaredGap(box1, span2.box);
+            if (gap <= squaredDistance) testTrianglePair(span1, span2, std::max(gap, nodeGap));
         }
     }
 }
 
-void OrderedSearch::testTrianglePair(const Triangle& triangle1, const Triangle& triangle2, float gap) {
+void OrderedSearch::testTrianglePair(const TriangleSpan& span1, const TriangleSpan& span2, float gap) {
     // No line is written once the search has come to nothing.
     if (doubtful) return;
     ++trianglePairCount;
+    if (isBeyond(span1, span2, std::max(squaredDistance, detail::touchingDistance), largestCoordinate)) return;
+    const Triangle triangle1 = tree1.getMesh()[span1.number], triangle2 = tree2.getMesh()[span2.number];
     const PackedTriangle packed1(triangle1), packed2(triangle2);
     if (!mayMatter(packed1, packed2, squaredDistance, instructionSet)) return;
     const bool isTooFar =

@@ -3,6 +3,7 @@
 #include <measurement/acceleration/InstructionSet.h>
 #include <measurement/acceleration/LazyTree.h>
 #include <measurement/acceleration/NodePairQueue.h>
+#include <measurement/acceleration/TriangleSpan.h>
 
 #include <cstdint>
 #include <vector>
@@ -15,7 +16,7 @@ class PairSelection;
 /// output, from the same pairs in the same order.
 ///
 /// Exact distances come from DistanceTriangleTriangle; pairs of triangles that cannot matter are spared it by
-/// mayMatter().
+/// isBeyond() and mayMatter().
 class OrderedSearch {
 public:
     /// bound: as for DistanceBoundingVolumeTree. With a selection only the pairs of nodes that it touches are looked
@@ -41,13 +42,14 @@ private:
     void insertPair(std::uint32_t node1, std::uint32_t node2);
     void refineCandidates(const NodePair& pair);
     void testTriangles(const LazyTree::Node& node1, const LazyTree::Node& node2);
-    void testTrianglePair(const Triangle& triangle1, const Triangle& triangle2, float gap);
+    void testTrianglePair(const TriangleSpan& span1, const TriangleSpan& span2, float gap);
     bool isBeyondThreshold(float lowerBound) const;
     std::uint64_t getEffort() const;
 
     LazyTree& tree1;
     LazyTree& tree2;
     const PairSelection* selection;
+    float largestCoordinate;
     osg::Pnt3f closestPoint1{0.0f, 0.0f, 0.0f};
     osg::Pnt3f closestPoint2{0.0f, 0.0f, 0.0f};
     float squaredDistance = 0.0f;
@@ -60,7 +62,7 @@ private:
     NodePairQueue candidates;
     InstructionSet instructionSet = getInstructionSet();
     /// Of the triangles of the second node that is being tested.
-    std::vector<QuadBox> boxes;
+    std::vector<TriangleSpan> spans;
     std::uint64_t nodePairCount = 0;
     std::uint64_t trianglePairCount = 0;
 };

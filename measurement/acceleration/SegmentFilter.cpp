@@ -1,5 +1,6 @@
 #include <measurement/acceleration/SegmentFilter.h>
 
+#include <measurement/acceleration/RoundingSlack.h>
 #include <measurement/geometry/detail/VectorMath.h>
 
 #include <cmath>
@@ -14,7 +15,8 @@ namespace {
 
 constexpr float unlimited = std::numeric_limits<float>::infinity();
 constexpr float smallestSquare = 1e-15f;
-constexpr float smallestSine = 1e-4f;
+// Below, the query may compute the area of a triangle as 0.
+constexpr float smallestSine = 1e-3f;
 
 bool isModerate(const osg::Pnt3f& point) {
     constexpr float largest = 1e15f;

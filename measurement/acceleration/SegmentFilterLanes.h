@@ -52,7 +52,8 @@ TESK_ALWAYS_INLINE Lanes squaredGaps(const LaneSegments& segment, const LaneTria
 // What the query may fall short of a gap by rounding, that of the gap included. The size of its operands is at most
 // three times the distance of the farthest corners; each value is a sum of a few products of them, each rounded by
 // 2^-24 of itself. And a line may seem to pierce a triangle that it misses by as much as the coordinates are rounded,
-// the more the thinner the triangle is. 0 where a number is not finite.
+// the more the thinner the triangle is. 0 where a number is not
+// finite, or so large that fourth powers may overflow.
 TESK_ALWAYS_INLINE Lanes lowerBounds(const Lanes& squaredGap, const Lanes& upper, const Lanes& blur,
                                      float largestCoordinate) {
     constexpr float rounding = 5e-6f;
@@ -61,7 +62,8 @@ TESK_ALWAYS_INLINE Lanes lowerBounds(const Lanes& squaredGap, const Lanes& upper
     const Lanes squaredMiss =
         (2.0f * rounding * rounding) * (squaredSize + largestCoordinate * largestCoordinate) * blur * blur;
     const Lanes bound = squaredGap - rounding * squaredSize;
-    return select((squaredGap > squaredMiss) & (bound > 0.0f), bound, 0.0f);
+    const Mask isSafe = squaredSize < RoundingSlack::largestSquaredReach;
+    return select(isSafe & (squaredGap > squaredMiss) & (bound > 0.0f), bound, 0.0f);
 }
 
 inline unsigned findNearBoxes(const BlurredBoxLanes& lanes, const BlurredBox& other, const SearchReach& reach,

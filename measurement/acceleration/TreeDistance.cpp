@@ -15,7 +15,7 @@ namespace {
 /// The effort for objects that lie apart, and about as much as NearPairs takes.
 std::uint64_t calcPatience(const LazyTree& tree1, const LazyTree& tree2) {
     const std::uint64_t triangleCount = std::uint64_t(tree1.getMesh().triangleCount) + tree2.getMesh().triangleCount;
-    return 10000 + 3 * triangleCount;
+    return 10000 + triangleCount / 2;
 }
 
 } // namespace
