@@ -2,8 +2,8 @@
 
 #include <benchmarks/SilentOutput.h>
 
-#include <measurement/acceleration/OutlineDistance.h>
-#include <measurement/acceleration/TreeDistance.h>
+#include <measurement/acceleration/outlines/OutlineDistance.h>
+#include <measurement/acceleration/pairs/TreeDistance.h>
 #include <measurement/scene/detail/PointIndex.h>
 #include <measurement/scene/detail/SubtreeSnapshot.h>
 

@@ -1,6 +1,6 @@
 #include <measurement/acceleration/SpatialOrder.h>
 
-#include <measurement/acceleration/QuadBox.h>
+#include <measurement/acceleration/vector/QuadBox.h>
 
 #include <algorithm>
 #include <array>

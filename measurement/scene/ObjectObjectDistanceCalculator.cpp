@@ -1,6 +1,6 @@
 #include <measurement/scene/ObjectObjectDistanceCalculator.h>
 
-#include <measurement/acceleration/TreeDistance.h>
+#include <measurement/acceleration/pairs/TreeDistance.h>
 #include <measurement/geometry/detail/Constants.h>
 #include <measurement/scene/ChildEnumerator.h>
 #include <measurement/scene/detail/CandidateQueue.h>

@@ -1,6 +1,6 @@
 #include <measurement/section/GapMeasurement.h>
 
-#include <measurement/acceleration/OutlineDistance.h>
+#include <measurement/acceleration/outlines/OutlineDistance.h>
 #include <measurement/geometry/detail/Constants.h>
 #include <measurement/geometry/detail/VectorMath.h>
 #include <measurement/model/detail/GroupNode.h>

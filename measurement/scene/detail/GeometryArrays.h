@@ -2,7 +2,7 @@
 
 #include <OpenSG/OSGGeometry.h>
 
-#include <measurement/acceleration/PointSearch.h>
+#include <measurement/acceleration/points/PointSearch.h>
 
 #include <vector>
 

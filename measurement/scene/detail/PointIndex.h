@@ -2,7 +2,7 @@
 
 #include <OpenSG/OSGNode.h>
 
-#include <measurement/acceleration/PointSearch.h>
+#include <measurement/acceleration/points/PointSearch.h>
 
 #include <deque>
 #include <vector>

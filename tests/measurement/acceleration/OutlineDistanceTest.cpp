@@ -1,4 +1,4 @@
-#include <measurement/acceleration/OutlineDistance.h>
+#include <measurement/acceleration/outlines/OutlineDistance.h>
 #include <measurement/scene/DistanceBoundingVolumeTree.h>
 
 #include <support/HostileMeshes.h>
@@ -27,6 +27,41 @@ std::vector<Segment> createOutline(test::Random& random, const test::Mesh& objec
 }
 
 } // namespace
+
+TEST(SegmentFilter, IsTheSameForAllInstructionSets) {
+    using acceleration::InstructionSet;
+    test::Random random(25);
+    for (int run = test::differentialRuns(5000); run > 0; --run) {
+        acceleration::PrimitiveLanes<Triangle> triangles;
+        acceleration::BlurredBoxLanes boxes;
+        for (int lane = 0; lane < 8; ++lane) {
+            const Triangle triangle = random.triangle(random.kind(), 1.0f);
+            triangles.corners[0].set(lane, triangle.p0);
+            triangles.corners[1].set(lane, triangle.p1);
+            triangles.corners[2].set(lane, triangle.p2);
+            const osg::Pnt3f corners[] = {triangle.p0, triangle.p1, triangle.p2, {}};
+            const acceleration::BlurredBox box{acceleration::quadBoxOf(acceleration::toQuad(corners[0]),
+                                                                       acceleration::toQuad(corners[1]),
+                                                                       acceleration::toQuad(corners[2])),
+                                               acceleration::calcBlur(triangle)};
+            boxes.set(static_cast<std::size_t>(lane), box);
+        }
+        const Segment segment = random.segment(2.0f);
+        const acceleration::SearchReach reach{random.real(0.0f, 9.0f), 4.0f};
+        const auto first = boxes.get(random.below(8));
+        float expected[2][8]{}, actual[2][8]{};
+        for (const float blur : {1.0f, 1e6f}) {
+            const auto best = acceleration::getInstructionSet();
+            EXPECT_EQ(acceleration::findNear(triangles, segment, blur, reach, InstructionSet::baseline, expected[0]),
+                      acceleration::findNear(triangles, segment, blur, reach, best, actual[0]));
+            EXPECT_EQ(acceleration::findNear(boxes, first, reach, InstructionSet::baseline, expected[1]),
+                      acceleration::findNear(boxes, first, reach, best, actual[1]));
+            for (int lane = 0; lane < 8; ++lane)
+                for (const int which : {0, 1})
+                    ASSERT_TRUE(test::identical(actual[which][lane], expected[which][lane])) << run;
+        }
+    }
+}
 
 TEST(OutlineDistance, AgreesWithThePlainSearch) {
     test::Random random(24);

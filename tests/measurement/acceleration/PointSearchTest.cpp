@@ -1,4 +1,4 @@
-#include <measurement/acceleration/PointSearch.h>
+#include <measurement/acceleration/points/PointSearch.h>
 #include <measurement/geometry/DistanceSegmentPoint.h>
 #include <measurement/geometry/DistanceTrianglePoint.h>
 #include <measurement/geometry/Validity.h>

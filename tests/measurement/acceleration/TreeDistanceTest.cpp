@@ -1,6 +1,6 @@
-#include <measurement/acceleration/OrderedSearch.h>
-#include <measurement/acceleration/TreeDistance.h>
-#include <measurement/acceleration/TrianglePairFilter.h>
+#include <measurement/acceleration/pairs/OrderedSearch.h>
+#include <measurement/acceleration/pairs/TreeDistance.h>
+#include <measurement/acceleration/pairs/TrianglePairFilter.h>
 #include <measurement/geometry/DistanceTriangleTriangle.h>
 #include <measurement/scene/DistanceBoundingVolumeTree.h>
 

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <measurement/acceleration/vector/QuadBox.h>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace tesk::measurement::acceleration {
+
+/// The BoundingVolumeTree over a mesh, node by node as a search looks into it.
+///
+/// Same boxes, same triangles in the same order, same children; but a node is split when open() is called for it, and
+/// triangles are numbers. The mesh's arrays must outlive the tree.
+///
+/// Memory: 9 bytes a triangle, of which only those parts are ever touched that nodes open on, and 64 a node.
+class LazyTree {
+public:
+    static constexpr std::uint32_t root = 0;
+    static constexpr std::uint32_t none = 0xffffffff;
+
+    struct Node {
+        QuadBox box;
+        /// Where its triangles stand among the numbers: its own up to ownEnd, then those of its children.
+        std::uint32_t begin = 0;
+        std::uint32_t end = 0;
+        std::uint32_t ownEnd = 0;
+        /// The children, or none.
+        std::uint32_t low = none;
+        std::uint32_t high = none;
+        /// Which of the two arrays of numbers holds them.
+        std::uint8_t array = 0;
+        bool isOpen = false;
+        /// The axis across which it has been split.
+        std::int8_t axis = -1;
+
+        bool hasTriangles() const { return ownEnd > begin; }
+        std::uint32_t size() const { return end - begin; }
+    };
+
+    explicit LazyTree(const TriangleMesh& triangles);
+
+    const TriangleMesh& getMesh() const { return mesh; }
+    /// How many triangles have been looked at to split nodes, those of several nodes so many times.
+    std::uint64_t getSplitCount() const { return splitCount; }
+    /// The box holds from the start, everything else when the node is open.
+    const Node& getNode(std::uint32_t node) const { return nodes[node]; }
+    /// Splits the node if that has not been done. References to nodes end here.
+    void open(std::uint32_t node) {
+        if (!nodes[node].isOpen) split(node);
+    }
+    /// The child of an open node that holds a triangle which the node holds; none when the node keeps it itself.
+    std::uint32_t findChild(std::uint32_t node, std::uint32_t triangle) const;
+    /// Where the triangle stands once all nodes that hold it are open, and opens them.
+    std::uint32_t locate(std::uint32_t triangle);
+    /// Numbers of the triangles that an open node keeps itself, from its begin to its ownEnd.
+    const std::uint32_t* getNumbers(const Node& node) const { return arrays[node.array].get(); }
+
+private:
+    struct Split;
+
+    void split(std::uint32_t node);
+    bool chooseSplit(const Node& node, Split& chosen);
+    void distribute(std::uint32_t node, const Split& chosen);
+
+    TriangleMesh mesh;
+    std::uint64_t splitCount = 0;
+    std::vector<Node> nodes;
+    std::unique_ptr<std::uint32_t[]> arrays[2];
+    /// On which sides of the three cuts each triangle of the node that is being split lies.
+    std::unique_ptr<std::uint8_t[]> sides;
+};
+
+} // namespace tesk::measurement::acceleration
