@@ -1,7 +1,7 @@
 #include <measurement/scene/BoundingVolumeNode.h>
 
+#include <measurement/geometry/detail/Box.h>
 #include <measurement/geometry/detail/Constants.h>
-#include <measurement/scene/detail/Box.h>
 
 #include <utility>
 #include <vector>

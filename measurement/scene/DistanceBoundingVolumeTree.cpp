@@ -1,7 +1,7 @@
 #include <measurement/scene/DistanceBoundingVolumeTree.h>
 
 #include <measurement/geometry/DistanceTriangleTriangle.h>
-#include <measurement/scene/detail/Box.h>
+#include <measurement/geometry/detail/Box.h>
 #include <measurement/scene/detail/CandidateQueue.h>
 
 namespace tesk::measurement {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <measurement/acceleration/TriangleMesh.h>
+#include <measurement/geometry/detail/Box.h>
 #include <measurement/geometry/detail/Constants.h>
-#include <measurement/scene/detail/Box.h>
 
 #include <cstring>
 

@@ -64,7 +64,7 @@ PointIndex::PointIndex(const osg::NodePtr& object) {
     std::map<const osg::Geometry*, Trees*> treesOf;
     visitSubtree(object, [&](const osg::NodePtr& visited) {
         const osg::GeometryPtr geometry = getGeometry(visited);
-        if (geometry == osg::NullFC) return;
+        if (!geometry) return;
         Trees*& found = treesOf[&*geometry];
         if (found == nullptr) found = &trees.emplace_back(geometry);
         parts.emplace_back(visited, *found, parts.size());

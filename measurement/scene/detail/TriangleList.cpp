@@ -31,7 +31,7 @@ bool areBelow(const std::uint32_t* indices, std::size_t indexCount, std::size_t 
 /// Whether vertices are indexed by a single index, the first one of each.
 bool hasSingleIndex(const osg::GeometryPtr& geometry) {
     const auto& mapping = geometry->getIndexMapping();
-    return mapping.size() == 0 || (mapping.size() == 1 && (mapping[0] & osg::Geometry::MapPosition) != 0);
+    return mapping.empty() || (mapping.size() == 1 && (mapping[0] & osg::Geometry::MapPosition) != 0);
 }
 
 /// The length of the geometry's only primitive if that is one of whole triangles; 0 otherwise.

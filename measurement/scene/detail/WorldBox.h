@@ -2,7 +2,7 @@
 
 #include <OpenSG/OSGNode.h>
 
-#include <measurement/scene/detail/Box.h>
+#include <measurement/geometry/detail/Box.h>
 
 namespace tesk::measurement::detail {
 

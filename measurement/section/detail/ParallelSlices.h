@@ -4,7 +4,7 @@
 
 #include <measurement/acceleration/PlaneRanks.h>
 #include <measurement/geometry/Primitives.h>
-#include <measurement/scene/detail/Box.h>
+#include <measurement/geometry/detail/Box.h>
 
 #include <cstddef>
 #include <utility>

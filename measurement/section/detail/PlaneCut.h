@@ -5,8 +5,8 @@
 #include <OpenSG/OSGNode.h>
 
 #include <measurement/geometry/Primitives.h>
+#include <measurement/geometry/detail/Box.h>
 #include <measurement/geometry/detail/VectorMath.h>
-#include <measurement/scene/detail/Box.h>
 #include <measurement/section/GenericTriangleIterator.h>
 #include <measurement/section/TriListI16TriangleIterator.h>
 #include <measurement/section/TriListI32TriangleIterator.h>
