@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace tesk::measurement::acceleration {
 
@@ -12,8 +11,6 @@ namespace {
 
 /// Boxes of groups with so many times the surface of their triangles' boxes are worth sorting.
 constexpr float largeBoxes = 8.0f;
-
-bool isFinite(float blur) { return blur < std::numeric_limits<float>::infinity(); }
 
 float largestOf(const Quad& quad) { return std::max(std::max(quad[0], quad[1]), quad[2]); }
 
@@ -44,11 +41,11 @@ float GroupTree::build() {
         const float blur = calcBlur(mesh[number]);
         box.box.grow(own);
         box.blur = std::max(box.blur, blur);
-        if (isFinite(blur)) {
+        if (std::isfinite(blur)) {
             reach = larger(reach, larger(absolute(own.min), absolute(own.max)));
             triangles += surfaceOf(own);
         }
-        if (place + 1 == getSize(group) && isFinite(box.blur)) boxes += surfaceOf(box.box);
+        if (place + 1 == getSize(group) && std::isfinite(box.blur)) boxes += surfaceOf(box.box);
     });
     largestCoordinate = largestOf(reach);
     while (boxCounts.back() > groupSize) {

@@ -6,18 +6,6 @@ struct LaneBoxes {
     LaneVectors low, high;
 };
 
-TESK_ALWAYS_INLINE LaneVectors loadVectors(const PointLanes& lanes) {
-    return {load(lanes.x), load(lanes.y), load(lanes.z)};
-}
-
-TESK_ALWAYS_INLINE LaneVectors lowest(const LaneVectors& a, const LaneVectors& b) {
-    return {min(a.x, b.x), min(a.y, b.y), min(a.z, b.z)};
-}
-
-TESK_ALWAYS_INLINE LaneVectors highest(const LaneVectors& a, const LaneVectors& b) {
-    return {max(a.x, b.x), max(a.y, b.y), max(a.z, b.z)};
-}
-
 TESK_ALWAYS_INLINE LaneVectors absolute(const LaneVectors& a) { return {absolute(a.x), absolute(a.y), absolute(a.z)}; }
 
 /// The squared distance of the farthest corners, as detail::distanceBounds() computes it.

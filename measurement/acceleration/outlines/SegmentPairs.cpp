@@ -4,7 +4,7 @@
 #include <measurement/acceleration/pairs/TrianglePairFilter.h>
 
 #include <algorithm>
-#include <limits>
+#include <cmath>
 #include <utility>
 
 namespace tesk::measurement::acceleration {
@@ -13,8 +13,6 @@ namespace {
 
 constexpr std::size_t groupSize = GroupTree::groupSize;
 constexpr std::size_t mostPairs = 1 << 17;
-
-bool isFinite(float blur) { return blur < std::numeric_limits<float>::infinity(); }
 
 /// The lane of the smallest bound among those whose bits are set, of which there must be one.
 std::size_t findSmallest(const float (&bounds)[8], unsigned lanes) {
@@ -43,7 +41,7 @@ void SegmentPairs::createBundles() {
         bundle.each.set(bundle.size++, one);
         bundle.all.box.grow(one.box);
         bundle.all.blur = std::max(bundle.all.blur, one.blur);
-        if (!isFinite(one.blur)) continue;
+        if (!std::isfinite(one.blur)) continue;
         const Quad farthest = larger(absolute(one.box.min), absolute(one.box.max));
         reach.largestCoordinate = std::max({reach.largestCoordinate, farthest[0], farthest[1], farthest[2]});
     }

@@ -12,7 +12,7 @@ namespace tesk::measurement::acceleration {
 
 namespace {
 
-/// The effort for objects that lie apart, and about as much as NearPairs takes.
+/// Enough for small objects. Large ones are left to NearPairs once the roots are split, which the search needs anyway.
 std::uint64_t calcPatience(const LazyTree& tree1, const LazyTree& tree2) {
     const std::uint64_t triangleCount = std::uint64_t(tree1.getMesh().triangleCount) + tree2.getMesh().triangleCount;
     return 10000 + triangleCount / 2;

@@ -3,18 +3,6 @@
 
 #include <measurement/acceleration/vector/SegmentTriangleLanes.h>
 
-TESK_ALWAYS_INLINE LaneVectors loadVectors(const PointLanes& lanes) {
-    return {load(lanes.x), load(lanes.y), load(lanes.z)};
-}
-
-TESK_ALWAYS_INLINE LaneVectors lowest(const LaneVectors& a, const LaneVectors& b) {
-    return {min(a.x, b.x), min(a.y, b.y), min(a.z, b.z)};
-}
-
-TESK_ALWAYS_INLINE LaneVectors highest(const LaneVectors& a, const LaneVectors& b) {
-    return {max(a.x, b.x), max(a.y, b.y), max(a.z, b.z)};
-}
-
 /// The operations of lowerBound() in PointDistanceFilter.h. NaN where a box or the point is NaN.
 TESK_ALWAYS_INLINE Lanes lowerBounds(const LaneVectors& low, const LaneVectors& high, const LaneVectors& point) {
     const LaneVectors below = low - point, above = point - high;

@@ -143,6 +143,20 @@ struct LaneVectors {
     Lanes x, y, z;
 };
 
+/// Points: arrays of eight numbers x, y and z.
+template <class Points> TESK_ALWAYS_INLINE LaneVectors loadVectors(const Points& points) {
+    return {load(points.x), load(points.y), load(points.z)};
+}
+
+/// Axis by axis, as min() and max().
+TESK_ALWAYS_INLINE LaneVectors lowest(const LaneVectors& a, const LaneVectors& b) {
+    return {min(a.x, b.x), min(a.y, b.y), min(a.z, b.z)};
+}
+
+TESK_ALWAYS_INLINE LaneVectors highest(const LaneVectors& a, const LaneVectors& b) {
+    return {max(a.x, b.x), max(a.y, b.y), max(a.z, b.z)};
+}
+
 TESK_ALWAYS_INLINE LaneVectors operator-(const LaneVectors& a, const LaneVectors& b) {
     return {a.x - b.x, a.y - b.y, a.z - b.z};
 }
