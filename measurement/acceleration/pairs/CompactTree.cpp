@@ -24,21 +24,73 @@ struct Corners {
     Quad normal() const { return cross(p1 - p0, p2 - p0); }
 };
 
-/// Of the angle at the first corner; 0 for wild triangles.
-float calcSquaredSine(const Corners& corners, const QuadBox& box, bool isFirst) {
-    // Comparisons that are false for NaN.
-    constexpr float largestCoordinate = 1e15f, leastSquaredLength = 1e-15f;
-    const QuadMask isOrdinary = (box.min > Quad{} - largestCoordinate) & (box.max < Quad{} + largestCoordinate);
-    if ((isOrdinary[0] & isOrdinary[1] & isOrdinary[2]) == 0) return 0.0f;
-    const Quad edge0 = corners.p1 - corners.p0, edge1 = corners.p2 - corners.p0;
-    const float a00 = dot(edge0, edge0), a11 = dot(edge1, edge1);
-    if (!(a11 > leastSquaredLength)) return 0.0f;
-    if (isFirst && (a00 == 0.0f || dot(corners.p2 - corners.p1, corners.p2 - corners.p1) == 0.0f)) return 1.0f;
-    if (!(a00 > leastSquaredLength)) return 0.0f;
-    const Quad normal = cross(edge0, edge1);
-    const float squaredSine = dot(normal, normal) / (a00 * a11);
-    return squaredSine >= leastSquaredSine ? squaredSine : 0.0f;
-}
+/// Four triangles, coordinate by coordinate.
+struct FourTriangles {
+    struct Points {
+        Quad x, y, z;
+
+        Points operator-(const Points& other) const { return {x - other.x, y - other.y, z - other.z}; }
+        friend Quad dot(const Points& a, const Points& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
+        friend Points cross(const Points& a, const Points& b) {
+            return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+        }
+    };
+
+    Points corners[3];
+
+    /// Of fewer than four the last one counts again.
+    template <class NumberOf> FourTriangles(const TriangleMesh& mesh, std::uint32_t count, NumberOf numberOf) {
+        const std::uint32_t last = std::min(count, 4u) - 1;
+        const std::uint32_t numbers[] = {numberOf(0), numberOf(std::min(1u, last)), numberOf(std::min(2u, last)),
+                                         numberOf(last)};
+        for (std::size_t which = 0; which < 3; ++which) {
+            const Quad a = toQuad(mesh.corner(numbers[0], which)), b = toQuad(mesh.corner(numbers[1], which)),
+                       c = toQuad(mesh.corner(numbers[2], which)), d = toQuad(mesh.corner(numbers[3], which));
+            const Quad lowAB = __builtin_shufflevector(a, b, 0, 4, 1, 5),
+                       lowCD = __builtin_shufflevector(c, d, 0, 4, 1, 5);
+            const Quad highAB = __builtin_shufflevector(a, b, 2, 6, 3, 7),
+                       highCD = __builtin_shufflevector(c, d, 2, 6, 3, 7);
+            corners[which] = {__builtin_shufflevector(lowAB, lowCD, 0, 1, 4, 5),
+                              __builtin_shufflevector(lowAB, lowCD, 2, 3, 6, 7),
+                              __builtin_shufflevector(highAB, highCD, 0, 1, 4, 5)};
+        }
+    }
+
+    /// Of the angles at the first corners; 0 for wild triangles.
+    Quad calcSquaredSines(bool isFirst) const {
+        // Comparisons that are false for NaN.
+        constexpr float leastSquaredLength = 1e-15f;
+        const Points edge0 = corners[1] - corners[0], edge1 = corners[2] - corners[0], edge2 = corners[2] - corners[1];
+        const Quad a00 = dot(edge0, edge0), a11 = dot(edge1, edge1), a22 = dot(edge2, edge2);
+        const Points normal = cross(edge0, edge1);
+        const Quad squaredSine = dot(normal, normal) / (a00 * a11);
+        const QuadMask isSegment = QuadMask{} - int(isFirst) & ((a00 == 0.0f) | (a22 == 0.0f));
+        const QuadMask isSound = (a00 > leastSquaredLength) & (squaredSine >= leastSquaredSine);
+        const QuadMask isTame = isOrdinary() & (a11 > leastSquaredLength) & (isSegment | isSound);
+        return Quad(isTame & QuadMask(isSegment ? Quad{} + 1.0f : squaredSine));
+    }
+
+    Quad squaredGapsTo(const QuadBox& other) const {
+        const auto gapOf = [&](const Quad& a, const Quad& b, const Quad& c, int axis) {
+            const Quad low = smaller(smaller(a, b), c), high = larger(larger(a, b), c);
+            return positiveOrZero(larger(low - other.max[axis], other.min[axis] - high));
+        };
+        const auto& [p0, p1, p2] = corners;
+        const Quad x = gapOf(p0.x, p1.x, p2.x, 0), y = gapOf(p0.y, p1.y, p2.y, 1), z = gapOf(p0.z, p1.z, p2.z, 2);
+        return x * x + y * y + z * z;
+    }
+
+private:
+    /// Whether no coordinate is far from finite.
+    QuadMask isOrdinary() const {
+        constexpr float largestCoordinate = 1e15f;
+        QuadMask result = QuadMask{} - 1;
+        for (const Points& corner : corners)
+            result &= (absolute(corner.x) < largestCoordinate) & (absolute(corner.y) < largestCoordinate) &
+                      (absolute(corner.z) < largestCoordinate);
+        return result;
+    }
+};
 
 /// The direction if it has one, of length 1.
 void setNormal(CompactHull& hull, const Quad& direction) {
@@ -86,13 +138,17 @@ CompactTree::CompactTree(const TriangleMesh& triangles, bool isFirst, const Quad
 
 void CompactTree::chooseTriangles(bool isFirst, const QuadBox& other, float farthest) {
     numbers.reserve(mesh.triangleCount);
-    for (std::uint32_t i = 0; i < mesh.triangleCount; ++i) {
-        const Corners corners(mesh, i);
-        const QuadBox box = quadBoxOf(corners.p0, corners.p1, corners.p2);
-        if (calcSquaredSine(corners, box, isFirst) == 0.0f) {
-            wild.push_back(i);
-        } else if (!(squaredGapOf(box, other) > farthest)) {
-            numbers.push_back(i);
+    for (std::uint32_t begin = 0; begin < mesh.triangleCount; begin += 4) {
+        const std::uint32_t count = std::min(4u, mesh.triangleCount - begin);
+        const FourTriangles four(mesh, count, [begin](std::uint32_t k) { return begin + k; });
+        const QuadMask isWild = four.calcSquaredSines(isFirst) == 0.0f;
+        const QuadMask isFar = four.squaredGapsTo(other) > farthest;
+        for (std::uint32_t k = 0; k < count; ++k) {
+            if (isWild[k] != 0) {
+                wild.push_back(begin + k);
+            } else if (isFar[k] == 0) {
+                numbers.push_back(begin + k);
+            }
         }
     }
 }
@@ -115,7 +171,13 @@ void CompactTree::orderTriangles() {
 void CompactTree::createGroups(bool isFirst) {
     groups.reserve(numbers.size() / mostTrianglesInGroup + 1);
     GroupDraft draft;
-    for (std::uint32_t i = 0; i < numbers.size(); ++i) {
+    Quad squaredSines{};
+    const auto count = static_cast<std::uint32_t>(numbers.size());
+    for (std::uint32_t i = 0; i < count; ++i) {
+        if (i % 4 == 0)
+            squaredSines = FourTriangles(mesh, count - i, [this, i](std::uint32_t k) {
+                               return numbers[i + k];
+                           }).calcSquaredSines(isFirst);
         const Corners corners(mesh, numbers[i]);
         const QuadBox box = quadBoxOf(corners.p0, corners.p1, corners.p2);
         // The curve jumps now and then. Not for every triangle, lest the groups take more memory than the triangles.
@@ -124,9 +186,9 @@ void CompactTree::createGroups(bool isFirst) {
             finishGroup(draft, i);
             draft = GroupDraft();
         }
-        draft.add(box, corners.normal(), calcSquaredSine(corners, box, isFirst));
+        draft.add(box, corners.normal(), squaredSines[i % 4]);
     }
-    if (draft.count > 0) finishGroup(draft, static_cast<std::uint32_t>(numbers.size()));
+    if (draft.count > 0) finishGroup(draft, count);
 }
 
 void CompactTree::finishGroup(const GroupDraft& draft, std::uint32_t end) {

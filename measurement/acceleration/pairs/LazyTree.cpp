@@ -1,5 +1,7 @@
 #include <measurement/acceleration/pairs/LazyTree.h>
 
+#include <measurement/acceleration/Workers.h>
+
 #include <algorithm>
 
 namespace tesk::measurement::acceleration {
@@ -7,15 +9,36 @@ namespace tesk::measurement::acceleration {
 namespace {
 
 constexpr std::uint32_t mostTrianglesInLeaf = 4;
+constexpr std::size_t groupsWorthAThread = 4096;
 
 template <class Number> std::unique_ptr<Number[]> allocateUntouched(std::size_t count) {
     return std::unique_ptr<Number[]>(new Number[count]);
 }
 
-/// Bit k: the triangle straddles the cut across axis k, or else lies above it.
+/// Entries with this bit are numbers of groups, others numbers of triangles, of which there are never so many.
+constexpr std::uint32_t groupBit = 0x80000000;
+
+bool isGroup(std::uint32_t entry) { return (entry & groupBit) != 0; }
+
+/// For each axis, whether a triangle straddles the cut across it, or else lies above. For a group, whether it is mixed:
+/// its triangles may not all lie on the same side.
 struct Sides {
     QuadMask straddles;
     QuadMask isUpper;
+
+    /// One bit for each axis, that of x lowest; those of isUpper from upperBit on.
+    std::uint8_t toBits() const { return std::uint8_t(toBits(straddles) | toBits(isUpper) << 4); }
+    static constexpr unsigned upperBit = 16;
+
+private:
+    /// The fourth bit means nothing.
+    static unsigned toBits(const QuadMask& mask) {
+#ifdef __SSE2__
+        return unsigned(__builtin_ia32_movmskps(Quad(mask)));
+#else
+        return unsigned(mask[0] & 1) | unsigned(mask[1] & 2) | unsigned(mask[2] & 4);
+#endif
+    }
 };
 
 /// The cuts across all axes at the middle of a box.
@@ -25,24 +48,27 @@ struct Cuts {
 
     explicit Cuts(const QuadBox& box) : centre((box.min + box.max) * 0.5f), halfExtent((box.max - box.min) * 0.5f) {}
 
-    Sides sidesOf(const TriangleMesh& mesh, std::uint32_t triangle) const {
-        const Quad p0 = toQuad(mesh.corner(triangle, 0));
-        const Quad p1 = toQuad(mesh.corner(triangle, 1));
-        const Quad p2 = toQuad(mesh.corner(triangle, 2));
-        const QuadBox box = quadBoxOf(p0, p1, p2);
-        const QuadMask straddles = box.max - box.min >= halfExtent;
-        return {straddles, ~straddles & (centre <= (p0 + p1 + p2) * 0.33333334f)};
+    Sides sidesOf(const TriangleExtent& triangle) const {
+        const QuadMask straddles = triangle.box.max - triangle.box.min >= halfExtent;
+        return {straddles, ~straddles & (centre <= triangle.centroid)};
+    }
+    Sides sidesOf(const TriangleGroup& group) const {
+        const QuadMask isUpper = centre <= group.leastCentroid, isLower = group.largestCentroid < centre;
+        return {~((group.largestExtent < halfExtent) & (isUpper | isLower)), isUpper};
     }
 };
 
-/// One bit for each axis, that of x lowest; the fourth means nothing.
-unsigned toBits(const QuadMask& mask) {
-#ifdef __SSE2__
-    return unsigned(__builtin_ia32_movmskps(Quad(mask)));
-#else
-    return unsigned(mask[0] & 1) | unsigned(mask[1] & 2) | unsigned(mask[2] & 4);
-#endif
-}
+/// How many triangles straddle the cuts, and how many lie above.
+struct SideCounts {
+    QuadMask straddling{};
+    QuadMask upper{};
+
+    void add(const Sides& triangle) {
+        straddling -= triangle.straddles;
+        upper -= triangle.isUpper;
+    }
+    void addUniform(const Sides& group, std::uint32_t size) { upper += group.isUpper & int(size); }
+};
 
 } // namespace
 
@@ -52,14 +78,41 @@ struct LazyTree::Split {
     std::uint32_t upper = 0;
 };
 
+/// The places that a node's entries go to.
+struct LazyTree::Children {
+    Cuts cuts;
+    int axis;
+    std::uint32_t* to;
+    std::uint32_t ownEnd;
+    Node low, high;
+
+    Children(const Node& node, const Split& chosen, std::uint32_t* destination)
+        : cuts(node.box), axis(chosen.axis), to(destination), ownEnd(node.begin) {
+        // Its own triangles, then the lower, then the upper ones.
+        low.array = high.array = std::uint8_t(1 - node.array);
+        low.begin = low.end = node.begin + chosen.straddling;
+        high.begin = high.end = node.end - chosen.upper;
+    }
+    void add(std::uint32_t entry, const QuadBox& box, std::uint32_t size, bool isUpper) {
+        Node& child = isUpper ? high : low;
+        to[child.begin + child.entryCount++] = entry;
+        child.end += size;
+        child.box.grow(box);
+    }
+};
+
 LazyTree::LazyTree(const TriangleMesh& triangles) : mesh(triangles) {
-    const std::uint32_t count = mesh.triangleCount;
-    arrays[0] = allocateUntouched<std::uint32_t>(count);
+    arrays[0] = allocateUntouched<std::uint32_t>(mesh.triangleCount);
     Node all;
-    all.end = count;
-    for (std::uint32_t i = 0; i < count; ++i) {
-        arrays[0][i] = i;
-        all.box.grow(quadBoxOf(mesh, i));
+    all.end = mesh.triangleCount;
+    all.entryCount = TriangleGroup::countOf(mesh);
+    groups = allocateUntouched<TriangleGroup>(all.entryCount);
+    runInChunks(all.entryCount, groupsWorthAThread, [this](std::size_t, std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i) groups[i].assign(mesh, static_cast<std::uint32_t>(i));
+    });
+    for (std::uint32_t i = 0; i < all.entryCount; ++i) {
+        arrays[0][i] = groupBit | i;
+        all.box.grow(groups[i].getBox());
     }
     nodes.push_back(all);
 }
@@ -68,30 +121,49 @@ void LazyTree::split(std::uint32_t number) {
     Node& node = nodes[number];
     node.isOpen = true;
     node.ownEnd = node.end;
-    if (node.size() <= mostTrianglesInLeaf) return;
-    if (!sides) {
-        arrays[1] = allocateUntouched<std::uint32_t>(mesh.triangleCount);
-        sides = allocateUntouched<std::uint8_t>(mesh.triangleCount);
+    if (node.size() > mostTrianglesInLeaf) {
+        if (!sides) {
+            arrays[1] = allocateUntouched<std::uint32_t>(mesh.triangleCount);
+            sides = allocateUntouched<std::uint8_t>(mesh.triangleCount);
+        }
+        splitCount += node.entryCount;
+        Split chosen;
+        if (chooseSplit(node, chosen)) {
+            distribute(number, chosen);
+            return;
+        }
     }
-    splitCount += node.size();
-    Split chosen;
-    if (chooseSplit(node, chosen)) distribute(number, chosen);
+    expandEntries(node);
 }
 
 bool LazyTree::chooseSplit(const Node& node, Split& chosen) {
-    const std::uint32_t* const numbers = getNumbers(node);
+    const std::uint32_t* const entries = getNumbers(node) + node.begin;
     const Cuts cuts(node.box);
-    QuadMask straddling{}, upper{};
-    for (std::uint32_t i = 0; i < node.size(); ++i) {
-        const Sides side = cuts.sidesOf(mesh, numbers[node.begin + i]);
-        straddling -= side.straddles;
-        upper -= side.isUpper;
-        sides[i] = std::uint8_t(toBits(side.straddles) | toBits(side.isUpper) << 4);
+    SideCounts counts;
+    for (std::uint32_t i = 0; i < node.entryCount; ++i) {
+        const std::uint32_t number = entries[i] & ~groupBit;
+        Sides side;
+        if (!isGroup(entries[i])) {
+            side = cuts.sidesOf(TriangleExtent(mesh, number));
+            counts.add(side);
+            sides[i] = side.toBits();
+            continue;
+        }
+        side = cuts.sidesOf(groups[number]);
+        sides[i] = side.toBits();
+        const std::uint32_t begin = number * TriangleGroup::mostTriangles, end = TriangleGroup::endOf(mesh, number);
+        if ((sides[i] & 7) == 0) {
+            counts.addUniform(side, end - begin);
+        } else {
+            splitCount += end - begin;
+            for (std::uint32_t k = begin; k < end; ++k) counts.add(cuts.sidesOf(TriangleExtent(mesh, k)));
+        }
     }
     chosen.straddling = node.size();
     bool isChosen = false;
     for (int axis = 0; axis < 3; ++axis) {
-        const auto straddlingCount = std::uint32_t(straddling[axis]), upperCount = std::uint32_t(upper[axis]);
+        const auto straddlingCount = std::uint32_t(counts.straddling[axis]),
+                   upperCount = std::uint32_t(counts.upper[axis]);
         const std::uint32_t lowerCount = node.size() - straddlingCount - upperCount;
         const bool isUsable = (upperCount > 0 && lowerCount > 0) || straddlingCount > 0;
         if (!isUsable || straddlingCount >= chosen.straddling) continue;
@@ -103,23 +175,23 @@ bool LazyTree::chooseSplit(const Node& node, Split& chosen) {
 
 void LazyTree::distribute(std::uint32_t number, const Split& chosen) {
     const Node node = nodes[number];
-    const std::uint32_t* const from = getNumbers(node);
-    std::uint32_t* const to = arrays[1 - node.array].get();
-    // Its own triangles, then the lower, then the upper ones.
-    Node low, high;
-    low.array = high.array = std::uint8_t(1 - node.array);
-    low.begin = low.end = node.begin + chosen.straddling;
-    high.begin = high.end = node.end - chosen.upper;
-    std::uint32_t own = node.begin;
-    for (std::uint32_t i = 0; i < node.size(); ++i) {
-        const std::uint32_t triangle = from[node.begin + i];
+    const std::uint32_t* const from = getNumbers(node) + node.begin;
+    Children children(node, chosen, arrays[1 - node.array].get());
+    for (std::uint32_t i = 0; i < node.entryCount; ++i) {
+        const std::uint32_t entry = from[i], entryNumber = entry & ~groupBit;
         const unsigned side = unsigned(sides[i]) >> chosen.axis;
-        if ((side & 1) != 0) {
-            to[own++] = triangle;
+        const bool straddles = (side & 1) != 0, isUpper = (side & Sides::upperBit) != 0;
+        if (!isGroup(entry)) {
+            if (straddles) {
+                children.to[children.ownEnd++] = entry;
+            } else {
+                children.add(entry, quadBoxOf(mesh, entry), 1, isUpper);
+            }
+        } else if (straddles) {
+            distributeGroup(entryNumber, children);
         } else {
-            Node& child = (side & 16) != 0 ? high : low;
-            to[child.end++] = triangle;
-            child.box.grow(quadBoxOf(mesh, triangle));
+            const std::uint32_t begin = entryNumber * TriangleGroup::mostTriangles;
+            children.add(entry, groups[entryNumber].getBox(), TriangleGroup::endOf(mesh, entryNumber) - begin, isUpper);
         }
     }
     const auto append = [this](const Node& child) {
@@ -127,19 +199,47 @@ void LazyTree::distribute(std::uint32_t number, const Split& chosen) {
         nodes.push_back(child);
         return std::uint32_t(nodes.size() - 1);
     };
-    const std::uint32_t lowNumber = append(low), highNumber = append(high);
+    const std::uint32_t lowNumber = append(children.low), highNumber = append(children.high);
     Node& changed = nodes[number];
-    changed.array = low.array;
-    changed.ownEnd = own;
+    changed.array = children.low.array;
+    changed.ownEnd = children.ownEnd;
     changed.axis = std::int8_t(chosen.axis);
     changed.low = lowNumber;
     changed.high = highNumber;
 }
 
+void LazyTree::distributeGroup(std::uint32_t group, Children& children) const {
+    const std::uint32_t end = TriangleGroup::endOf(mesh, group);
+    for (std::uint32_t triangle = group * TriangleGroup::mostTriangles; triangle < end; ++triangle) {
+        const TriangleExtent extent(mesh, triangle);
+        const Sides side = children.cuts.sidesOf(extent);
+        if (side.straddles[children.axis] != 0) {
+            children.to[children.ownEnd++] = triangle;
+        } else {
+            children.add(triangle, extent.box, 1, side.isUpper[children.axis] != 0);
+        }
+    }
+}
+
+/// From the last one on, as triangles take the room of entries that have been read.
+void LazyTree::expandEntries(const Node& node) {
+    std::uint32_t* const numbers = arrays[node.array].get();
+    std::uint32_t place = node.end;
+    for (std::uint32_t i = node.entryCount; i-- > 0;) {
+        const std::uint32_t entry = numbers[node.begin + i], group = entry & ~groupBit;
+        if (!isGroup(entry)) {
+            numbers[--place] = entry;
+            continue;
+        }
+        for (std::uint32_t k = TriangleGroup::endOf(mesh, group); k-- > group * TriangleGroup::mostTriangles;)
+            numbers[--place] = k;
+    }
+}
+
 std::uint32_t LazyTree::findChild(std::uint32_t number, std::uint32_t triangle) const {
     const Node& node = nodes[number];
     if (node.axis < 0) return none;
-    const Sides side = Cuts(node.box).sidesOf(mesh, triangle);
+    const Sides side = Cuts(node.box).sidesOf(TriangleExtent(mesh, triangle));
     if (side.straddles[node.axis] != 0) return none;
     return side.isUpper[node.axis] != 0 ? node.high : node.low;
 }

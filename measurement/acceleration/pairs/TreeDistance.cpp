@@ -15,7 +15,7 @@ namespace {
 /// Enough for small objects. Large ones are left to NearPairs once the roots are split, which the search needs anyway.
 std::uint64_t calcPatience(const LazyTree& tree1, const LazyTree& tree2) {
     const std::uint64_t triangleCount = std::uint64_t(tree1.getMesh().triangleCount) + tree2.getMesh().triangleCount;
-    return 10000 + triangleCount / 2;
+    return 10000 + triangleCount / 16;
 }
 
 } // namespace
