@@ -29,6 +29,19 @@ std::size_t chunkCount(std::size_t itemCount, std::size_t itemsWorthAThread);
 /// or throws what a body threw, of several the first chunk's.
 void runInChunks(std::size_t itemCount, std::size_t itemsWorthAThread, const ChunkBody& body);
 
+/// Calls both functions, at once if there are so many items for each that it is worth a thread.
+template <class First, class Second>
+void runBoth(std::size_t itemsOfEach, std::size_t itemsWorthAThread, First first, Second second) {
+    if (chunkCount(2 * itemsOfEach, itemsWorthAThread) == 1) {
+        first();
+        second();
+    } else {
+        runInChunks(2, 1, [&](std::size_t, std::size_t begin, std::size_t end) {
+            for (std::size_t i = begin; i < end; ++i) i == 0 ? first() : second();
+        });
+    }
+}
+
 /// As long as it exists, loops have so many chunks, of at least one item. For tests, which would have only one: small
 /// inputs are not worth a thread.
 class ForcedChunks {

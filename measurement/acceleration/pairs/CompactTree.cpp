@@ -126,17 +126,7 @@ struct CompactTree::GroupDraft {
     }
 };
 
-CompactTree::CompactTree(const TriangleMesh& triangles, bool isFirst, const QuadBox& other, float farthest)
-    : mesh(triangles) {
-    chooseTriangles(isFirst, other, farthest);
-    orderTriangles();
-    createGroups(isFirst);
-    order.resize(groups.size());
-    std::iota(order.begin(), order.end(), 0u);
-    nodes.push_back(createNode(0, static_cast<std::uint32_t>(groups.size())));
-}
-
-void CompactTree::chooseTriangles(bool isFirst, const QuadBox& other, float farthest) {
+void CompactTree::choose(const QuadBox& other, float farthest) {
     numbers.reserve(mesh.triangleCount);
     for (std::uint32_t begin = 0; begin < mesh.triangleCount; begin += 4) {
         const std::uint32_t count = std::min(4u, mesh.triangleCount - begin);
@@ -148,9 +138,20 @@ void CompactTree::chooseTriangles(bool isFirst, const QuadBox& other, float fart
                 wild.push_back(begin + k);
             } else if (isFar[k] == 0) {
                 numbers.push_back(begin + k);
+                box.grow(quadBoxOf(mesh, begin + k));
             }
         }
     }
+}
+
+void CompactTree::build(const QuadBox& other, float farthest) {
+    const auto isFar = [&](std::uint32_t number) { return squaredGapOf(quadBoxOf(mesh, number), other) > farthest; };
+    if (!numbers.empty()) numbers.erase(std::remove_if(numbers.begin(), numbers.end(), isFar), numbers.end());
+    orderTriangles();
+    createGroups();
+    order.resize(groups.size());
+    std::iota(order.begin(), order.end(), 0u);
+    nodes.push_back(createNode(0, static_cast<std::uint32_t>(groups.size())));
 }
 
 void CompactTree::orderTriangles() {
@@ -168,7 +169,7 @@ void CompactTree::orderTriangles() {
     numbers = std::move(places);
 }
 
-void CompactTree::createGroups(bool isFirst) {
+void CompactTree::createGroups() {
     groups.reserve(numbers.size() / mostTrianglesInGroup + 1);
     GroupDraft draft;
     Quad squaredSines{};

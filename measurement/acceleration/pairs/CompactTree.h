@@ -34,18 +34,21 @@ public:
         std::uint32_t end = 0;
     };
 
-    /// Without the wild triangles. Those are so thin, small, large or far from finite that their distances say little.
-    ///
     /// isFirst: whether the triangles come first in queries, where those given as segments (start, end, end) are not
     /// wild, for the query never looks at their faces.
-    ///
-    /// Without the triangles, too, whose squared gap to another box is above `farthest`.
-    CompactTree(const TriangleMesh& triangles, bool isFirst, const QuadBox& other, float farthest);
+    CompactTree(const TriangleMesh& triangles, bool isTreeOfFirst) : mesh(triangles), isFirst(isTreeOfFirst) {}
+
+    /// Takes the triangles but for the wild ones, which are so thin, small, large or far from finite that their
+    /// distances say little, and those whose squared gap to another box is above `farthest`.
+    void choose(const QuadBox& other, float farthest);
+    /// Leaves out those, too, that are so far from another box. Makes the root of the others.
+    void build(const QuadBox& other, float farthest);
 
     const TriangleMesh& getMesh() const { return mesh; }
     const std::vector<std::uint32_t>& getWildTriangles() const { return wild; }
+    /// Of the triangles chosen.
+    const QuadBox& getBox() const { return box; }
     bool isEmpty() const { return groups.empty(); }
-    const QuadBox& getBox() const { return nodes[root].hull.box; }
     const Node& getNode(std::uint32_t node) const { return nodes[node]; }
     /// Of a node without children.
     const Group& getGroup(const Node& node) const { return groups[order[node.begin]]; }
@@ -58,9 +61,8 @@ public:
 private:
     struct GroupDraft;
 
-    void chooseTriangles(bool isFirst, const QuadBox& other, float farthest);
     void orderTriangles();
-    void createGroups(bool isFirst);
+    void createGroups();
     void finishGroup(const GroupDraft& draft, std::uint32_t end);
     void split(std::uint32_t node);
     /// Moves its lower groups in front of the others, and says where these begin.
@@ -68,6 +70,8 @@ private:
     Node createNode(std::uint32_t begin, std::uint32_t end) const;
 
     TriangleMesh mesh;
+    bool isFirst;
+    QuadBox box;
     std::vector<std::uint32_t> numbers;
     std::vector<std::uint32_t> wild;
     std::vector<Group> groups;

@@ -1,5 +1,6 @@
 #include <measurement/acceleration/pairs/NearPairs.h>
 
+#include <measurement/acceleration/Workers.h>
 #include <measurement/acceleration/pairs/TrianglePairFilter.h>
 
 #include <algorithm>
@@ -12,6 +13,7 @@ namespace {
 
 constexpr std::size_t mostPairs = 16384;
 constexpr std::size_t mostWildTriangles = 256;
+constexpr std::size_t trianglesWorthAThread = 20000;
 
 const QuadBox& boxOf(const LazyTree& tree) { return tree.getNode(LazyTree::root).box; }
 
@@ -60,8 +62,16 @@ float probe(const LazyTree& tree1, const LazyTree& tree2) {
 NearPairs::NearPairs(const LazyTree& first, const LazyTree& second, float bound)
     : limit(limitFor(std::min(bound, probe(first, second)))),
       largestCoordinate(std::max(largestCoordinateOf(boxOf(first)), largestCoordinateOf(boxOf(second)))),
-      tree1(first.getMesh(), true, boxOf(second), calcFarthest(boxOf(first), boxOf(second))),
-      tree2(second.getMesh(), false, tree1.getBox(), calcFarthest(boxOf(first), boxOf(second))) {}
+      tree1(first.getMesh(), true), tree2(second.getMesh(), false) {
+    const std::size_t least = std::min(first.getMesh().triangleCount, second.getMesh().triangleCount);
+    const QuadBox &all1 = boxOf(first), &all2 = boxOf(second);
+    const float farthest = calcFarthest(all1, all2);
+    runBoth(
+        least, trianglesWorthAThread, [&] { tree1.choose(all2, farthest); }, [&] { tree2.choose(all1, farthest); });
+    const QuadBox chosen1 = tree1.getBox(), chosen2 = tree2.getBox();
+    runBoth(
+        least, trianglesWorthAThread, [&] { tree1.build(chosen2, farthest); }, [&] { tree2.build(chosen1, farthest); });
+}
 
 bool NearPairs::isWorthwhile() const {
     return !tree1.isEmpty() && !tree2.isEmpty() && tree1.getWildTriangles().size() <= mostWildTriangles &&

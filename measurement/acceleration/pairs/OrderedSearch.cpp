@@ -1,5 +1,6 @@
 #include <measurement/acceleration/pairs/OrderedSearch.h>
 
+#include <measurement/acceleration/Workers.h>
 #include <measurement/acceleration/pairs/PairSelection.h>
 #include <measurement/acceleration/pairs/TrianglePairFilter.h>
 #include <measurement/geometry/DistanceTriangleTriangle.h>
@@ -7,6 +8,12 @@
 #include <algorithm>
 
 namespace tesk::measurement::acceleration {
+
+namespace {
+
+constexpr std::size_t entriesWorthAThread = 10000;
+
+} // namespace
 
 OrderedSearch::OrderedSearch(LazyTree& first, LazyTree& second, float bound, const PairSelection* selected)
     : tree1(first), tree2(second), selection(selected),
@@ -29,12 +36,20 @@ bool OrderedSearch::run(std::uint64_t mostEffort) {
         pairBound = candidates.getFirstBound();
         const NodePair pair = candidates.takeFirst();
         ++nodePairCount;
-        tree1.open(pair.node1);
-        tree2.open(pair.node2);
+        openBoth(pair);
         testTriangles(tree1.getNode(pair.node1), tree2.getNode(pair.node2));
         refineCandidates(pair);
     }
     return true;
+}
+
+void OrderedSearch::openBoth(const NodePair& pair) {
+    const auto entryCount = [](const LazyTree::Node& node) { return node.isOpen ? 0 : node.entryCount; };
+    // An object may be measured against itself.
+    const std::size_t least =
+        &tree1 == &tree2 ? 0 : std::min(entryCount(tree1.getNode(pair.node1)), entryCount(tree2.getNode(pair.node2)));
+    runBoth(
+        least, entriesWorthAThread, [&] { tree1.open(pair.node1); }, [&] { tree2.open(pair.node2); });
 }
 
 std::uint64_t OrderedSearch::getEffort() const {

@@ -39,6 +39,7 @@ public:
     std::uint64_t getTrianglePairCount() const { return trianglePairCount; }
 
 private:
+    void openBoth(const NodePair& pair);
     void insertPair(std::uint32_t node1, std::uint32_t node2);
     void refineCandidates(const NodePair& pair);
     void testTriangles(const LazyTree::Node& node1, const LazyTree::Node& node2);

@@ -1,10 +1,14 @@
 #include <measurement/acceleration/pairs/PairSelection.h>
 
+#include <measurement/acceleration/Workers.h>
+
 #include <algorithm>
 
 namespace tesk::measurement::acceleration {
 
 namespace {
+
+constexpr std::size_t trianglesWorthAThread = 20000;
 
 std::vector<std::uint32_t> locateAll(LazyTree& tree, const std::vector<std::uint32_t>& triangles) {
     std::vector<std::uint32_t> places;
@@ -33,10 +37,21 @@ PairSelection::PairSelection(const NearTriangles& near, LazyTree& first, LazyTre
 }
 
 void PairSelection::findPlaces(const NearTriangles& near) {
-    for (const TrianglePair& pair : near.pairs) places.push_back({tree1.locate(pair.first), tree2.locate(pair.second)});
+    places.resize(near.pairs.size());
+    // An object may be measured against itself.
+    const std::size_t least =
+        &tree1 == &tree2 ? 0 : std::min(tree1.getMesh().triangleCount, tree2.getMesh().triangleCount);
+    runBoth(
+        least, trianglesWorthAThread,
+        [&] {
+            for (std::size_t i = 0; i < places.size(); ++i) places[i].first = tree1.locate(near.pairs[i].first);
+            wildPlaces1 = locateAll(tree1, near.wild1);
+        },
+        [&] {
+            for (std::size_t i = 0; i < places.size(); ++i) places[i].second = tree2.locate(near.pairs[i].second);
+            wildPlaces2 = locateAll(tree2, near.wild2);
+        });
     std::sort(places.begin(), places.end(), [](const Place& a, const Place& b) { return a.first < b.first; });
-    wildPlaces1 = locateAll(tree1, near.wild1);
-    wildPlaces2 = locateAll(tree2, near.wild2);
 }
 
 float PairSelection::calcPathBound(const TrianglePair& pair) {

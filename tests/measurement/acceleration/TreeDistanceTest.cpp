@@ -1,3 +1,4 @@
+#include <measurement/acceleration/Workers.h>
 #include <measurement/acceleration/pairs/OrderedSearch.h>
 #include <measurement/acceleration/pairs/TreeDistance.h>
 #include <measurement/acceleration/pairs/TrianglePairFilter.h>
@@ -119,6 +120,7 @@ TEST(TreeDistance, AgreesWithThePlainSearch) {
         const float bounds[] = {unbounded, random.real(0.0f, 4.0f), infinity, 0.0f, std::nanf("")};
         const float bound = bounds[random.chance(0.7f) ? 0 : random.below(5)];
         const Outcome expected = searchPlainly(mesh1, mesh2, bound);
+        const acceleration::ForcedChunks chunks(run % 8 == 0 ? 3 : 1);
         LazyTree tree1(viewOf(mesh1)), tree2(viewOf(mesh2));
         const Outcome ordered = search<TreeDistance>(tree1, tree2, bound, ~std::uint64_t(0));
         expectSame(ordered, expected);
