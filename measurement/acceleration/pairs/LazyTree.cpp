@@ -10,6 +10,10 @@ namespace {
 
 constexpr std::uint32_t mostTrianglesInLeaf = 4;
 constexpr std::size_t groupsWorthAThread = 4096;
+/// The boxes of so many are kept near at hand.
+constexpr std::uint32_t mostEntriesWithBoxes = 32768;
+/// How many entries ahead a triangle's positions are asked for, and its corners twice as many.
+constexpr std::uint32_t entriesAhead = 16;
 
 template <class Number> std::unique_ptr<Number[]> allocateUntouched(std::size_t count) {
     return std::unique_ptr<Number[]>(new Number[count]);
@@ -20,6 +24,14 @@ constexpr std::uint32_t groupBit = 0x80000000;
 
 bool isGroup(std::uint32_t entry) { return (entry & groupBit) != 0; }
 
+/// Triangles that the processor cannot foresee: the farther one's corners, the nearer one's positions.
+void prefetch(const TriangleMesh& mesh, std::uint32_t farther, std::uint32_t nearer) {
+    if (!isGroup(farther)) __builtin_prefetch(mesh.corners + 3 * std::size_t(farther));
+    if (isGroup(nearer)) return;
+    __builtin_prefetch(&mesh.corner(nearer, 0));
+    __builtin_prefetch(&mesh.corner(nearer, 2));
+}
+
 /// For each axis, whether a triangle straddles the cut across it, or else lies above. For a group, whether it is mixed:
 /// its triangles may not all lie on the same side.
 struct Sides {
@@ -28,7 +40,7 @@ struct Sides {
 
     /// One bit for each axis, that of x lowest; those of isUpper from upperBit on.
     std::uint8_t toBits() const { return std::uint8_t(toBits(straddles) | toBits(isUpper) << 4); }
-    static constexpr unsigned upperBit = 16;
+    static constexpr unsigned straddlesAny = 7, upperBit = 16;
 
 private:
     /// The fourth bit means nothing.
@@ -58,8 +70,10 @@ struct Cuts {
     }
 };
 
-/// How many triangles straddle the cuts, and how many lie above.
-struct SideCounts {
+} // namespace
+
+/// How many triangles straddle the cuts across the three axes, and how many lie above.
+struct LazyTree::SideCounts {
     QuadMask straddling{};
     QuadMask upper{};
 
@@ -69,8 +83,6 @@ struct SideCounts {
     }
     void addUniform(const Sides& group, std::uint32_t size) { upper += group.isUpper & int(size); }
 };
-
-} // namespace
 
 struct LazyTree::Split {
     int axis = 0;
@@ -112,7 +124,7 @@ LazyTree::LazyTree(const TriangleMesh& triangles) : mesh(triangles) {
     });
     for (std::uint32_t i = 0; i < all.entryCount; ++i) {
         arrays[0][i] = groupBit | i;
-        all.box.grow(groups[i].getBox());
+        all.box.grow(groups[i].box);
     }
     nodes.push_back(all);
 }
@@ -125,6 +137,7 @@ void LazyTree::split(std::uint32_t number) {
         if (!sides) {
             arrays[1] = allocateUntouched<std::uint32_t>(mesh.triangleCount);
             sides = allocateUntouched<std::uint8_t>(mesh.triangleCount);
+            boxes = allocateUntouched<StoredBox>(std::min(mesh.triangleCount, mostEntriesWithBoxes));
         }
         splitCount += node.entryCount;
         Split chosen;
@@ -136,29 +149,38 @@ void LazyTree::split(std::uint32_t number) {
     expandEntries(node);
 }
 
-bool LazyTree::chooseSplit(const Node& node, Split& chosen) {
+LazyTree::SideCounts LazyTree::countSides(const Node& node) {
     const std::uint32_t* const entries = getNumbers(node) + node.begin;
     const Cuts cuts(node.box);
     SideCounts counts;
     for (std::uint32_t i = 0; i < node.entryCount; ++i) {
-        const std::uint32_t number = entries[i] & ~groupBit;
-        Sides side;
-        if (!isGroup(entries[i])) {
-            side = cuts.sidesOf(TriangleExtent(mesh, number));
+        if (i + 2 * entriesAhead < node.entryCount)
+            prefetch(mesh, entries[i + 2 * entriesAhead], entries[i + entriesAhead]);
+        const std::uint32_t entry = entries[i];
+        if (!isGroup(entry)) {
+            const TriangleExtent triangle(mesh, entry);
+            const Sides side = cuts.sidesOf(triangle);
             counts.add(side);
             sides[i] = side.toBits();
+            if (i < mostEntriesWithBoxes) boxes[i] = triangle.box;
             continue;
         }
-        side = cuts.sidesOf(groups[number]);
+        const std::uint32_t group = entry & ~groupBit;
+        const Sides side = cuts.sidesOf(groups[group]);
         sides[i] = side.toBits();
-        const std::uint32_t begin = number * TriangleGroup::mostTriangles, end = TriangleGroup::endOf(mesh, number);
-        if ((sides[i] & 7) == 0) {
+        const std::uint32_t begin = TriangleGroup::beginOf(group), end = TriangleGroup::endOf(mesh, group);
+        if ((sides[i] & Sides::straddlesAny) == 0) {
             counts.addUniform(side, end - begin);
         } else {
             splitCount += end - begin;
             for (std::uint32_t k = begin; k < end; ++k) counts.add(cuts.sidesOf(TriangleExtent(mesh, k)));
         }
     }
+    return counts;
+}
+
+bool LazyTree::chooseSplit(const Node& node, Split& chosen) {
+    const SideCounts counts = countSides(node);
     chosen.straddling = node.size();
     bool isChosen = false;
     for (int axis = 0; axis < 3; ++axis) {
@@ -185,13 +207,12 @@ void LazyTree::distribute(std::uint32_t number, const Split& chosen) {
             if (straddles) {
                 children.to[children.ownEnd++] = entry;
             } else {
-                children.add(entry, quadBoxOf(mesh, entry), 1, isUpper);
+                children.add(entry, i < mostEntriesWithBoxes ? QuadBox(boxes[i]) : quadBoxOf(mesh, entry), 1, isUpper);
             }
         } else if (straddles) {
             distributeGroup(entryNumber, children);
         } else {
-            const std::uint32_t begin = entryNumber * TriangleGroup::mostTriangles;
-            children.add(entry, groups[entryNumber].getBox(), TriangleGroup::endOf(mesh, entryNumber) - begin, isUpper);
+            children.add(entry, groups[entryNumber].box, TriangleGroup::sizeOf(mesh, entryNumber), isUpper);
         }
     }
     const auto append = [this](const Node& child) {
@@ -210,7 +231,7 @@ void LazyTree::distribute(std::uint32_t number, const Split& chosen) {
 
 void LazyTree::distributeGroup(std::uint32_t group, Children& children) const {
     const std::uint32_t end = TriangleGroup::endOf(mesh, group);
-    for (std::uint32_t triangle = group * TriangleGroup::mostTriangles; triangle < end; ++triangle) {
+    for (std::uint32_t triangle = TriangleGroup::beginOf(group); triangle < end; ++triangle) {
         const TriangleExtent extent(mesh, triangle);
         const Sides side = children.cuts.sidesOf(extent);
         if (side.straddles[children.axis] != 0) {
@@ -231,7 +252,7 @@ void LazyTree::expandEntries(const Node& node) {
             numbers[--place] = entry;
             continue;
         }
-        for (std::uint32_t k = TriangleGroup::endOf(mesh, group); k-- > group * TriangleGroup::mostTriangles;)
+        for (std::uint32_t k = TriangleGroup::endOf(mesh, group); k-- > TriangleGroup::beginOf(group);)
             numbers[--place] = k;
     }
 }

@@ -62,11 +62,13 @@ public:
     const std::uint32_t* getNumbers(const Node& node) const { return arrays[node.array].get(); }
 
 private:
+    struct SideCounts;
     struct Split;
 
     struct Children;
 
     void split(std::uint32_t node);
+    SideCounts countSides(const Node& node);
     bool chooseSplit(const Node& node, Split& chosen);
     void distribute(std::uint32_t node, const Split& chosen);
     void distributeGroup(std::uint32_t group, Children& children) const;
@@ -79,6 +81,8 @@ private:
     std::unique_ptr<std::uint32_t[]> arrays[2];
     /// On which sides of the three cuts each entry of the node that is being split lies.
     std::unique_ptr<std::uint8_t[]> sides;
+    /// The boxes of its first entries.
+    std::unique_ptr<StoredBox[]> boxes;
 };
 
 } // namespace tesk::measurement::acceleration

@@ -21,43 +21,52 @@ struct TriangleExtent {
     }
 };
 
+/// A box that is left unset at first, so that room for many costs nothing.
+struct StoredBox {
+    Quad min, max;
+
+    StoredBox() {}
+    StoredBox(const QuadBox& box) : min(box.min), max(box.max) {}
+    operator QuadBox() const { return {min, max}; }
+};
+
 /// Some triangles that follow each other in a mesh, and between which numbers all of theirs lie.
 struct TriangleGroup {
     static constexpr std::uint32_t mostTriangles = 16;
 
-    /// Left unset, so that room for many costs nothing.
-    Quad boxMin, boxMax;
+    StoredBox box;
     Quad largestExtent;
     /// Not a number if any centroid is none, whereas largestCentroid passes over those.
     Quad leastCentroid, largestCentroid;
 
     void assign(const TriangleMesh& mesh, std::uint32_t number) {
         constexpr Quad infinity = Quad{} + std::numeric_limits<float>::infinity();
-        QuadBox box;
+        QuadBox all;
         largestExtent = largestCentroid = -infinity;
         leastCentroid = infinity;
         QuadMask areNumbers = QuadMask{} - 1;
         const std::uint32_t end = endOf(mesh, number);
-        for (std::uint32_t i = number * mostTriangles; i < end; ++i) {
+        for (std::uint32_t i = beginOf(number); i < end; ++i) {
             const TriangleExtent triangle(mesh, i);
-            box.grow(triangle.box);
+            all.grow(triangle.box);
             largestExtent = larger(largestExtent, triangle.box.max - triangle.box.min);
             leastCentroid = smaller(leastCentroid, triangle.centroid);
             largestCentroid = larger(largestCentroid, triangle.centroid);
             areNumbers &= triangle.centroid == triangle.centroid;
         }
         leastCentroid = areNumbers ? leastCentroid : infinity - infinity;
-        boxMin = box.min;
-        boxMax = box.max;
+        box = all;
     }
-
-    QuadBox getBox() const { return {boxMin, boxMax}; }
 
     static std::uint32_t countOf(const TriangleMesh& mesh) {
         return (mesh.triangleCount + mostTriangles - 1) / mostTriangles;
     }
+    static std::uint32_t beginOf(std::uint32_t number) { return number * mostTriangles; }
     static std::uint32_t endOf(const TriangleMesh& mesh, std::uint32_t number) {
-        return std::min((number + 1) * mostTriangles, mesh.triangleCount);
+        return std::min(beginOf(number + 1), mesh.triangleCount);
+    }
+    static std::uint32_t sizeOf(const TriangleMesh& mesh, std::uint32_t number) {
+        return endOf(mesh, number) - beginOf(number);
     }
 };
 
