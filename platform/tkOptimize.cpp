@@ -2,6 +2,7 @@
 
 #include <OpenSG/OSGGeometry.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -10,23 +11,28 @@
 
 namespace {
 
-/// Finds kept positions by cells a little wider than the distance, so that whatever lies within it is at most one cell
-/// away in each direction, rounding included. A cell holds few of them, for they are farther apart than the distance.
+/// Finds kept positions by cells four times as wide as the distance, so that whatever lies within it is in one of two
+/// neighbours at most in each direction. A cell holds few of them, for they are farther apart than the distance.
 class PositionGrid {
 public:
     explicit PositionGrid(float distance)
-        : squaredDistance(double(distance) * double(distance)), cellSize(1.001 * double(distance)) {}
+        : squaredDistance(double(distance) * double(distance)), reach(std::min(1.001 * double(distance), 1e100)),
+          cellSize(4.0 * reach) {}
 
     /// The first of the positions added that lies within the distance; null if there is none.
     const osg::Pnt3f* findWithin(const osg::Pnt3f& point) const {
-        const Cell centre = cellOf(point);
+        const Cell low = cellOf(point, -reach), high = cellOf(point, reach);
         const osg::Pnt3f* first = nullptr;
-        for (int neighbour = 0; neighbour < 27; ++neighbour) {
-            const auto found = cells.find(
-                {centre[0] + neighbour % 3 - 1, centre[1] + neighbour / 3 % 3 - 1, centre[2] + neighbour / 9 - 1});
-            if (found == cells.end()) continue;
-            for (const osg::Pnt3f* kept : found->second)
-                if ((first == nullptr || kept < first) && isWithin(*kept, point)) first = kept;
+        for (const double x : {low[0], high[0]}) {
+            for (const double y : {low[1], high[1]}) {
+                for (const double z : {low[2], high[2]}) {
+                    if (const osg::Pnt3f* const found = findInCell({x, y, z}, point))
+                        if (first == nullptr || found < first) first = found;
+                    if (z == high[2]) break;
+                }
+                if (y == high[1]) break;
+            }
+            if (x == high[0]) break;
         }
         return first;
     }
@@ -49,9 +55,17 @@ private:
         }
     };
 
-    Cell cellOf(const osg::Pnt3f& point) const {
-        return {std::floor(double(point[0]) / cellSize), std::floor(double(point[1]) / cellSize),
-                std::floor(double(point[2]) / cellSize)};
+    Cell cellOf(const osg::Pnt3f& point, double offset = 0.0) const {
+        const auto cellAlong = [&](osg::UInt32 axis) { return std::floor((double(point[axis]) + offset) / cellSize); };
+        return {cellAlong(0), cellAlong(1), cellAlong(2)};
+    }
+
+    const osg::Pnt3f* findInCell(const Cell& cell, const osg::Pnt3f& point) const {
+        const auto found = cells.find(cell);
+        if (found == cells.end()) return nullptr;
+        for (const osg::Pnt3f* const kept : found->second)
+            if (isWithin(*kept, point)) return kept;
+        return nullptr;
     }
 
     bool isWithin(const osg::Pnt3f& a, const osg::Pnt3f& b) const {
@@ -64,6 +78,8 @@ private:
     }
 
     double squaredDistance;
+    /// A little more than the distance, for rounding; finite.
+    double reach;
     double cellSize;
     std::unordered_map<Cell, std::vector<const osg::Pnt3f*>, CellHash> cells;
 };
