@@ -39,13 +39,16 @@ public:
 
     /// For the numbers of three points.
     PlaneRange planesThrough(std::uint32_t i0, std::uint32_t i1, std::uint32_t i2) const {
-        const std::uint16_t rank0 = getRank(i0), rank1 = getRank(i1), rank2 = getRank(i2);
-        return {std::min(std::min(rank0, rank1), rank2), std::max(std::max(rank0, rank1), rank2)};
+        return ranks.empty() ? calcPlanesThrough(i0, i1, i2) : between(ranks[i0], ranks[i1], ranks[i2]);
     }
 
 private:
-    std::uint16_t getRank(std::uint32_t i) const { return ranks.empty() ? calcRank(points[i]) : ranks[i]; }
+    static PlaneRange between(std::uint16_t rank0, std::uint16_t rank1, std::uint16_t rank2) {
+        return {std::min(std::min(rank0, rank1), rank2), std::max(std::max(rank0, rank1), rank2)};
+    }
+    PlaneRange calcPlanesThrough(std::uint32_t i0, std::uint32_t i1, std::uint32_t i2) const;
     std::uint16_t calcRank(const osg::Pnt3f& point) const;
+    std::uint16_t searchRank(float height) const;
     void fillRanks(std::size_t pointCount);
 
     osg::Vec3f normal;

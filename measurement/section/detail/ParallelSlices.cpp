@@ -1,10 +1,12 @@
 #include <measurement/section/detail/ParallelSlices.h>
 
+#include <measurement/acceleration/Workers.h>
 #include <measurement/scene/detail/SubtreeWalk.h>
 #include <measurement/scene/detail/WorldBox.h>
 #include <measurement/section/detail/PlaneCut.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace tesk::measurement::detail {
 
@@ -12,43 +14,38 @@ namespace {
 
 constexpr osg::UInt32 fullTraversalMask = 0xFFFFFFFF;
 
+constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
+
+/// Outlines of about so many segments are made at a time: enough to share, few enough to stay near the processor.
+constexpr std::size_t crossingsAtOnce = 1 << 17;
+constexpr std::size_t crossingsWorthAThread = 1 << 14;
+
 } // namespace
 
 void ParallelSlices::cutBlock(const float* planeOffsets, std::size_t planeCount) {
     offsets = planeOffsets;
     blockSize = std::min({planeCount, likelyBlockSize, acceleration::PlaneRanks::maximumPlaneCount});
-    createSlicesRec();
+    cutTriangles();
     while (isBlockTooLarge()) {
         blockSize /= 2;
-        createSlicesRec();
+        cutTriangles();
     }
-    // The next planes may well have a few more segments than these.
+    cuts.sortByPlane(order.size());
+    // The next planes may well cut a few more triangles than these.
     likelyBlockSize =
-        std::max<std::size_t>(1, segmentLimit * 3 / 4 * blockSize / std::max<std::size_t>(1, segmentCount));
+        std::max<std::size_t>(1, crossingLimit * 3 / 4 * blockSize / std::max<std::size_t>(1, cuts.countCrossings()));
 }
 
-void ParallelSlices::createSlicesRec() {
+void ParallelSlices::cutTriangles() {
     sortPlanes();
-    clearOutlines();
+    cuts.clear();
     visitSubtreeInheriting(root, PlaneRange{0, order.size()}, [this](const osg::NodePtr& node, PlaneRange& range) {
         if (node->getTravMask() != fullTraversalMask || isBlockTooLarge()) return false;
         range = planesThrough(getWorldBox(node).bounds, range);
         if (range.isEmpty()) return false;
-        addSlices(node, range);
+        addCuts(node, range);
         return true;
     });
-}
-
-void ParallelSlices::clearOutlines() {
-    std::size_t capacity = 0;
-    for (std::vector<Segment>& outline : outlines) {
-        outline.clear();
-        capacity += outline.capacity();
-    }
-    // Memory that has been used once is faster than new memory, but blocks may need most of it for different planes.
-    if (capacity > 2 * segmentLimit) outlines.clear();
-    outlines.resize(std::max(outlines.size(), blockSize));
-    segmentCount = 0;
 }
 
 void ParallelSlices::sortPlanes() {
@@ -57,6 +54,8 @@ void ParallelSlices::sortPlanes() {
     for (std::size_t plane = 0; plane < blockSize; ++plane)
         if (offsets[plane] == offsets[plane]) order.push_back(plane);
     std::sort(order.begin(), order.end(), [this](std::size_t a, std::size_t b) { return offsets[a] > offsets[b]; });
+    places.assign(blockSize, nowhere);
+    for (std::size_t place = 0; place < order.size(); ++place) places[order[place]] = place;
 }
 
 acceleration::PlaneRange ParallelSlices::planesThrough(const Box& box, const PlaneRange& range) const {
@@ -71,45 +70,46 @@ acceleration::PlaneRange ParallelSlices::planesThrough(const Box& box, const Pla
     return {static_cast<std::size_t>(firstKept - begin), static_cast<std::size_t>(lastKept - begin)};
 }
 
-void ParallelSlices::addSlices(const osg::NodePtr& node, const PlaneRange& range) {
-    const osg::GeometryPtr geometry = getGeometry(node);
-    const PositionArray positions(geometry);
-    if (positions.count == 0) return;
+void ParallelSlices::addCuts(const osg::NodePtr& node, const PlaneRange& range) {
+    if (getGeometry(node) == osg::NullFC) return;
     const osg::Matrix toWorld = node->getToWorld();
-    localPlanes.clear();
     localOffsets.clear();
-    for (std::size_t i = range.first; i < range.last; ++i) {
-        localPlanes.push_back(order[i]);
-        // The order stays, as the same is added to all. NaN comes from adding opposite infinities, and then the others
-        // become infinite: minus infinity behind NaN, infinity in front of it.
-        localOffsets.push_back(Plane(Plane(normal, offsets[order[i]]), toWorld).offset);
-    }
-    const osg::Vec3f localNormal = Plane(Plane(normal, 0.0f), toWorld).normal;
-    ranks.assign(localNormal, localOffsets, positions.points, positions.count, countCorners(geometry));
-    withTriangles(node, [&](auto triangle) { addGenericSlices(triangle, localNormal, toWorld); });
+    // The order stays, as the same is added to all. NaN comes from adding opposite infinities, and then the others
+    // become infinite: minus infinity behind NaN, infinity in front of it.
+    for (std::size_t place = range.first; place < range.last; ++place)
+        localOffsets.push_back(Plane(Plane(normal, offsets[order[place]]), toWorld).offset);
+    const std::size_t limit = blockSize > 1 ? crossingLimit : std::numeric_limits<std::size_t>::max();
+    cuts.add(node, Plane(Plane(normal, 0.0f), toWorld).normal, localOffsets, range, limit);
 }
 
-template <class Iterator>
-void ParallelSlices::addGenericSlices(Iterator triangle, const osg::Vec3f& localNormal, const osg::Matrix& toWorld) {
-    for (; !triangle.isAtEnd(); ++triangle) {
-        const PlaneRange range = ranks.planesThrough(triangle.getPositionIndex(0), triangle.getPositionIndex(1),
-                                                     triangle.getPositionIndex(2));
-        if (range.isEmpty()) continue;
-        Corner corners[3];
-        float heights[3];
-        for (osg::UInt32 i = 0; i < 3; ++i) {
-            corners[i].position = triangle.getPosition(i);
-            heights[i] = dot(localNormal, osg::Vec3f(corners[i].position));
+std::size_t ParallelSlices::makeOutlines(std::size_t firstPlane) {
+    std::size_t count = 1, crossings = countCrossings(firstPlane);
+    for (; firstPlane + count < blockSize && crossings < crossingsAtOnce; ++count)
+        crossings += countCrossings(firstPlane + count);
+    clearOutlines(count);
+    const std::size_t planesWorthAThread = 1 + count * crossingsWorthAThread / std::max<std::size_t>(1, crossings);
+    acceleration::runInChunks(count, planesWorthAThread, [&](std::size_t, std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i) {
+            const std::size_t plane = firstPlane + i;
+            if (places[plane] != nowhere) cuts.makeOutline(places[plane], normal, offsets[plane], outlines[i]);
         }
-        for (std::size_t local = range.first; local < range.last; ++local) {
-            for (int i = 0; i < 3; ++i) corners[i].distance = heights[i] + localOffsets[local];
-            std::vector<Segment>& outline = outlines[localPlanes[local]];
-            const std::size_t sizeBefore = outline.size();
-            cutTriangle(corners, toWorld, outline);
-            segmentCount += outline.size() - sizeBefore;
-        }
-        if (isBlockTooLarge()) return;
+    });
+    return count;
+}
+
+std::size_t ParallelSlices::countCrossings(std::size_t plane) const {
+    return places[plane] == nowhere ? 0 : cuts.countCrossings(places[plane]);
+}
+
+void ParallelSlices::clearOutlines(std::size_t count) {
+    std::size_t capacity = 0;
+    for (std::vector<Segment>& outline : outlines) {
+        outline.clear();
+        capacity += outline.capacity();
     }
+    // Memory that has been used once is faster than new memory, but the next planes may need most of it elsewhere.
+    if (capacity > 4 * crossingsAtOnce) outlines.clear();
+    outlines.resize(std::max(outlines.size(), count));
 }
 
 } // namespace tesk::measurement::detail

@@ -2,9 +2,9 @@
 
 #include <OpenSG/OSGNode.h>
 
-#include <measurement/acceleration/PlaneRanks.h>
 #include <measurement/geometry/Primitives.h>
 #include <measurement/geometry/detail/Box.h>
+#include <measurement/section/detail/PlaneCuts.h>
 
 #include <cstddef>
 #include <utility>
@@ -14,11 +14,12 @@ namespace tesk::measurement::detail {
 
 /// The outlines of many parallel planes.
 ///
-/// A block of planes goes through the scene together. It has as many planes as have about `segmentLimit` segments in
-/// their outlines, and at least one; that bounds the memory.
+/// A block of planes goes through the scene together. It has as many planes as cut about `crossingLimit` triangles in
+/// all, one that many planes cut being counted as often, and at least one; that bounds the memory. Of a block, the
+/// outlines of some planes are made at a time.
 class ParallelSlices {
 public:
-    static constexpr std::size_t segmentLimit = 1 << 20;
+    static constexpr std::size_t crossingLimit = 1 << 21;
 
     ParallelSlices(const osg::NodePtr& node, const osg::Vec3f& planeNormal) : root(node), normal(planeNormal) {}
 
@@ -26,7 +27,11 @@ public:
     template <class Visitor> void forEachOutline(const std::vector<float>& planeOffsets, Visitor visit) {
         for (std::size_t begin = 0; begin < planeOffsets.size(); begin += blockSize) {
             cutBlock(planeOffsets.data() + begin, planeOffsets.size() - begin);
-            for (std::size_t plane = 0; plane < blockSize; ++plane) visit(std::as_const(outlines[plane]));
+            for (std::size_t plane = 0; plane < blockSize;) {
+                const std::size_t count = makeOutlines(plane);
+                for (std::size_t i = 0; i < count; ++i) visit(std::as_const(outlines[i]));
+                plane += count;
+            }
         }
     }
 
@@ -34,16 +39,17 @@ private:
     using PlaneRange = acceleration::PlaneRange;
 
     void cutBlock(const float* planeOffsets, std::size_t planeCount);
-    void createSlicesRec();
-    void clearOutlines();
+    void cutTriangles();
     void sortPlanes();
     /// Those of the range that do not have the box on one side.
     PlaneRange planesThrough(const Box& box, const PlaneRange& range) const;
-    void addSlices(const osg::NodePtr& node, const PlaneRange& range);
-    template <class Iterator>
-    void addGenericSlices(Iterator triangle, const osg::Vec3f& localNormal, const osg::Matrix& toWorld);
-    /// Whether the walk goes for nothing, as its outlines have too many segments together.
-    bool isBlockTooLarge() const { return segmentCount > segmentLimit && blockSize > 1; }
+    void addCuts(const osg::NodePtr& node, const PlaneRange& range);
+    /// Whether the walk goes for nothing, as there is too much that the planes cut.
+    bool isBlockTooLarge() const { return cuts.isAbove(crossingLimit) && blockSize > 1; }
+    /// Those of the first planes from one on; returns of how many.
+    std::size_t makeOutlines(std::size_t firstPlane);
+    std::size_t countCrossings(std::size_t plane) const;
+    void clearOutlines(std::size_t count);
 
     osg::NodePtr root;
     osg::Vec3f normal;
@@ -52,15 +58,13 @@ private:
     /// The block.
     const float* offsets = nullptr;
     std::size_t blockSize = 0;
-    std::vector<std::vector<Segment>> outlines;
-    std::size_t segmentCount = 0;
     /// The numbers of its planes from the lowest, whose offset is the greatest, to the highest, without NaN.
     std::vector<std::size_t> order;
-
-    /// The geometry that is being cut: numbers and local offsets of the planes that meet it.
-    std::vector<std::size_t> localPlanes;
+    /// Where each plane is in the order; NaN nowhere.
+    std::vector<std::size_t> places;
+    PlaneCuts cuts;
     std::vector<float> localOffsets;
-    acceleration::PlaneRanks ranks;
+    std::vector<std::vector<Segment>> outlines;
 };
 
 } // namespace tesk::measurement::detail

@@ -1,5 +1,9 @@
+#include <measurement/acceleration/Workers.h>
 #include <measurement/scene/detail/SubtreeWalk.h>
 #include <measurement/section/GeometrySliceFactory.h>
+#include <measurement/section/TriListI16TriangleIterator.h>
+#include <measurement/section/TriListI32TriangleIterator.h>
+#include <measurement/section/detail/ParallelSlices.h>
 #include <measurement/section/detail/PlaneCut.h>
 
 #include "HostileScene.h"
@@ -14,6 +18,49 @@ namespace {
 
 constexpr float infinity = HUGE_VALF;
 
+struct Corner {
+    osg::Pnt3f position;
+    float distance;
+};
+
+/// Appends where the triangle's edges meet the plane, a point after the other.
+std::list<Segment> cutPlainly(const Corner (&corners)[3], const osg::Matrix& toWorld) {
+    std::vector<osg::Pnt3f> points;
+    for (const auto& [from, to] : {std::pair(0, 1), std::pair(0, 2), std::pair(1, 2)}) {
+        const float parameter = corners[from].distance / (corners[from].distance - corners[to].distance);
+        const bool isOn = parameter >= 0.0f && parameter <= 1.0f;
+        // The last edge ends what another began, and begins nothing.
+        if (from == 1 ? points.empty() || (points.size() == 2 && !isOn) : !isOn) continue;
+        osg::Pnt3f point;
+        for (osg::UInt32 i = 0; i < 3; ++i) {
+            const float start = corners[from].position[i];
+            point[i] = start + parameter * (corners[to].position[i] - start);
+        }
+        toWorld.multMatrixPnt(point);
+        points.push_back(point);
+    }
+    std::list<Segment> segments;
+    // The third point may be the second again.
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        bool isOther = i == 1;
+        for (osg::UInt32 axis = 0; axis < 3; ++axis)
+            isOther |= !(std::fabs(points[i][axis] - points[i - 1][axis]) <= 1e-6f);
+        if (isOther) segments.push_back({points[i - 1], points[i]});
+    }
+    return segments;
+}
+
+template <class Visitor> void withTriangles(const osg::NodePtr& node, Visitor visit) {
+    const osg::GeometryPtr geometry = detail::getGeometry(node);
+    if (geometry == osg::NullFC) return;
+    if (!detail::isTriangleList(geometry))
+        visit(GenericTriangleIterator(node));
+    else if (osg::GeoIndicesUI16Ptr::dcast(geometry->getIndices()) != osg::NullFC)
+        visit(TriListI16TriangleIterator(node));
+    else
+        visit(TriListI32TriangleIterator(node));
+}
+
 /// Node by node, triangle by triangle, with one plane.
 std::list<Segment> slicePlainly(const osg::NodePtr& scene, const detail::Plane& plane) {
     std::list<Segment> segments;
@@ -27,16 +74,16 @@ std::list<Segment> slicePlainly(const osg::NodePtr& scene, const detail::Plane& 
             return false;
         const osg::Matrix toWorld = node->getToWorld();
         const detail::Plane local(plane, toWorld);
-        detail::withTriangles(node, [&](auto triangle) {
+        withTriangles(node, [&](auto triangle) {
             for (; !triangle.isAtEnd(); ++triangle) {
-                detail::Corner corners[3];
+                Corner corners[3];
                 int below = 0;
                 for (osg::UInt32 i = 0; i < 3; ++i) {
                     const osg::Pnt3f position = triangle.getPosition(i);
                     corners[i] = {position, detail::dot(local.normal, osg::Vec3f(position)) + local.offset};
                     below += corners[i].distance < 0.0f;
                 }
-                if (below == 1 || below == 2) detail::cutTriangle(corners, toWorld, segments);
+                if (below == 1 || below == 2) segments.splice(segments.end(), cutPlainly(corners, toWorld));
             }
         });
         return true;
@@ -87,7 +134,8 @@ TEST(ParallelSlices, GiveThePlainSegmentsOfEveryPlane) {
         const osg::Vec3f normal = createNormal(random);
         const std::vector<float> offsets = createOffsets(random, normal, corners);
         std::size_t plane = 0;
-        GeometrySliceFactory().createSlices(scene, normal, offsets, [&](const std::vector<Segment>& outline) {
+        const acceleration::ForcedChunks chunks(1 + random.below(4));
+        detail::ParallelSlices(scene, normal).forEachOutline(offsets, [&](const std::vector<Segment>& outline) {
             ASSERT_LT(plane, offsets.size());
             const osg::Vec4f single(normal[0], normal[1], normal[2], offsets[plane++]);
             const std::list<Segment> plain = slicePlainly(scene, {normal, single[3]});
@@ -115,7 +163,8 @@ TEST(ParallelSlices, AreFoundInBlocksWhereSegmentsAreMany) {
     std::vector<float> offsets(300);
     for (std::size_t i = 0; i < offsets.size(); ++i) offsets[i] = i % 2 ? 0.003f * float(i) : -0.002f * float(i);
     std::size_t plane = 0;
-    GeometrySliceFactory().createSlices(scene, {0, 0, 1}, offsets, [&](const std::vector<Segment>& outline) {
+    const acceleration::ForcedChunks chunks(3);
+    detail::ParallelSlices(scene, {0, 0, 1}).forEachOutline(offsets, [&](const std::vector<Segment>& outline) {
         ASSERT_EQ(outline.size(), spikes.size());
         ASSERT_NEAR(outline.back().start[2], -offsets[plane++], 1e-6f);
     });
