@@ -6,12 +6,15 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace tesk::measurement::acceleration {
 
 namespace {
 
-constexpr std::size_t mostPairs = 16384;
+/// Pairs of nodes that have no more groups are refined in depth, which spares the heap and keeps their triangles at
+/// hand.
+constexpr std::uint32_t mostGroupsInDepth = 32;
 constexpr std::size_t mostWildTriangles = 256;
 constexpr std::size_t trianglesWorthAThread = 20000;
 
@@ -26,6 +29,15 @@ float squaredLess(const DiscGap& gap, const RoundingSlack& slack) {
     const float along = std::max(0.0f, gap.along - slack.ofLength),
                 across = std::max(0.0f, gap.across - slack.ofLength);
     return along * along + across * across;
+}
+
+bool isNearer(const TrianglePair& a, const TrianglePair& b) { return a.squaredDistance < b.squaredDistance; }
+
+/// Of length 1, for a direction of length 1.
+Quad findPerpendicular(const Quad& direction) {
+    const Quad axis = std::fabs(direction[0]) < 0.7f ? Quad{1.0f, 0.0f, 0.0f, 0.0f} : Quad{0.0f, 1.0f, 0.0f, 0.0f};
+    const Quad perpendicular = cross(direction, axis);
+    return perpendicular * (1.0f / std::sqrt(dot(perpendicular, perpendicular)));
 }
 
 /// The triangle of a sample whose first corner is nearest.
@@ -57,10 +69,19 @@ float probe(const LazyTree& tree1, const LazyTree& tree2) {
                                getInstructionSet());
 }
 
+std::uint64_t countTriangles(const LazyTree& tree1, const LazyTree& tree2) {
+    return std::uint64_t(tree1.getMesh().triangleCount) + tree2.getMesh().triangleCount;
+}
+
 } // namespace
 
-NearPairs::NearPairs(const LazyTree& first, const LazyTree& second, float bound)
-    : limit(limitFor(std::min(bound, probe(first, second)))),
+std::size_t NearPairs::calcMostPairs(const LazyTree& first, const LazyTree& second) {
+    return std::max<std::size_t>(16384, countTriangles(first, second) / 4);
+}
+
+NearPairs::NearPairs(const LazyTree& first, const LazyTree& second, float bound, std::size_t most)
+    : mostPairs(most), mostEffort(200000 + 100 * countTriangles(first, second)),
+      limit(limitFor(std::min(bound, probe(first, second)))),
       largestCoordinate(std::max(largestCoordinateOf(boxOf(first)), largestCoordinateOf(boxOf(second)))),
       tree1(first.getMesh(), true), tree2(second.getMesh(), false) {
     const std::size_t least = std::min(first.getMesh().triangleCount, second.getMesh().triangleCount);
@@ -80,22 +101,24 @@ bool NearPairs::isWorthwhile() const {
 
 bool NearPairs::find() {
     if (!isWorthwhile()) return false;
-    const std::uint64_t triangleCount = std::uint64_t(tree1.getMesh().triangleCount) + tree2.getMesh().triangleCount;
-    const std::uint64_t mostEffort = 200000 + triangleCount / 2;
-    insert(CompactTree::root, CompactTree::root);
-    while (!candidates.empty() && candidates.front().bound <= limit) {
+    insert(createCandidate(CompactTree::root, CompactTree::root));
+    while (!candidates.empty() && !isOver()) {
         std::pop_heap(candidates.begin(), candidates.end(), ComesAfter());
         const Candidate candidate = candidates.back();
         candidates.pop_back();
         refine(candidate);
-        if (pairs.size() > mostPairs) removeBeyondLimit();
-        if (pairs.size() > mostPairs || effort > mostEffort) return false;
     }
-    removeBeyondLimit();
-    std::sort(pairs.begin(), pairs.end(),
-              [](const TrianglePair& a, const TrianglePair& b) { return a.squaredDistance < b.squaredDistance; });
-    return true;
+    return !isOver();
 }
+
+NearTriangles NearPairs::takeResult() && {
+    removeFarPairs();
+    std::sort(pairs.begin(), pairs.end(), isNearer);
+    const float completeLimit = std::min(keptLimit, limit / (1.0f + 0.5f * margin));
+    return {std::move(pairs), completeLimit, tree1.getWildTriangles(), tree2.getWildTriangles()};
+}
+
+bool NearPairs::isOver() const { return effort > mostEffort || pairs.size() >= mostPairs; }
 
 RoundingSlack NearPairs::calcSlack(const QuadBox& a, const QuadBox& b, float inverseSine) const {
     return {a, b, inverseSine, largestCoordinate};
@@ -106,20 +129,26 @@ float NearPairs::calcFarthest(const QuadBox& box1, const QuadBox& box2) const {
     return std::max(slack.squaredMiss, limit + slack.ofSquare);
 }
 
-void NearPairs::insert(std::uint32_t node1, std::uint32_t node2) {
+NearPairs::Candidate NearPairs::createCandidate(std::uint32_t node1, std::uint32_t node2) {
     ++effort;
     const CompactHull& a = tree1.getNode(node1).hull;
     const CompactHull& b = tree2.getNode(node2).hull;
     const RoundingSlack slack = calcSlack(a.box, b.box, std::max(a.inverseSine, b.inverseSine));
     const float boxGap = squaredGapOf(a.box, b.box);
-    if (!(slack.calcBound(boxGap) <= limit)) return;
-    const float bound = slack.calcBound(std::max(boxGap, squaredLess(findDiscGap(a, b), slack)));
-    if (!(bound <= limit)) return;
-    candidates.push_back({bound, node1, node2});
+    float bound = slack.calcBound(boxGap);
+    if (bound <= limit) bound = slack.calcBound(std::max(boxGap, squaredLess(findDiscGap(a, b), slack)));
+    return {bound, node1, node2};
+}
+
+void NearPairs::insert(const Candidate& candidate) {
+    if (!(candidate.bound <= limit)) return;
+    candidates.push_back(candidate);
     std::push_heap(candidates.begin(), candidates.end(), ComesAfter());
 }
 
 void NearPairs::refine(const Candidate& candidate) {
+    // The limit may be lower by now.
+    if (!(candidate.bound <= limit) || isOver()) return;
     tree1.open(candidate.node1);
     tree2.open(candidate.node2);
     const CompactTree::Node& a = tree1.getNode(candidate.node1);
@@ -128,58 +157,85 @@ void NearPairs::refine(const Candidate& candidate) {
         const Quad extent = node.hull.box.max - node.hull.box.min;
         return dot(extent, extent);
     };
+    const bool isSmall = a.end - a.begin + b.end - b.begin <= mostGroupsInDepth;
     if (a.children == 0 && b.children == 0) {
         testTriangles(tree1.getGroup(a), tree2.getGroup(b));
     } else if (b.children == 0 || (a.children != 0 && size(a) >= size(b))) {
-        insert(a.children, candidate.node2);
-        insert(a.children + 1, candidate.node2);
+        refineBoth(createCandidate(a.children, candidate.node2), createCandidate(a.children + 1, candidate.node2),
+                   isSmall);
     } else {
-        insert(candidate.node1, b.children);
-        insert(candidate.node1, b.children + 1);
+        refineBoth(createCandidate(candidate.node1, b.children), createCandidate(candidate.node1, b.children + 1),
+                   isSmall);
+    }
+}
+
+void NearPairs::refineBoth(const Candidate& first, const Candidate& second, bool isSmall) {
+    const bool isSecondNearer = second.bound < first.bound;
+    const Candidate &nearer = isSecondNearer ? second : first, &farther = isSecondNearer ? first : second;
+    if (isSmall) {
+        refine(nearer);
+        refine(farther);
+    } else {
+        insert(nearer);
+        insert(farther);
     }
 }
 
 void NearPairs::testTriangles(const CompactTree::Group& group1, const CompactTree::Group& group2) {
-    const RoundingSlack slack =
-        calcSlack(group1.hull.box, group2.hull.box, std::max(group1.hull.inverseSine, group2.hull.inverseSine));
-    const Quad direction = findDiscGap(group1.hull, group2.hull).direction;
-    const auto isNear = [&](const Operand& a, const Operand& b) {
-        const float along = std::max(0.0f, b.range.low - a.range.high - slack.ofLength);
-        return slack.calcBound(std::max(squaredGapOf(a.box, b.box), along * along)) <= limit;
-    };
     ++effort;
-    operands.clear();
-    for (std::uint32_t k = group2.begin; k < group2.end; ++k)
-        operands.emplace_back(tree2.getMesh(), tree2.getNumbers()[k], group1.hull.centre, direction);
-    for (std::uint32_t i = group1.begin; i < group1.end; ++i) {
-        const Operand first(tree1.getMesh(), tree1.getNumbers()[i], group1.hull.centre, direction);
-        for (const Operand& second : operands)
-            if (isNear(first, second)) testPair(first.triangle, second.triangle);
-    }
+    const CompactHull &hull1 = group1.hull, &hull2 = group2.hull;
+    const RoundingSlack slack = calcSlack(hull1.box, hull2.box, std::max(hull1.inverseSine, hull2.inverseSine));
+    const Quad direction = findDiscGap(hull1, hull2).direction, aside = findPerpendicular(direction);
+    const GroupGap gap{hull1.centre,
+                       {direction, aside, cross(direction, aside)},
+                       slack.ofLength,
+                       std::max(slack.squaredMiss, limit + slack.ofSquare)};
+    std::uint8_t near[8];
+    findNear(cache1.get(tree1, group1), cache2.get(tree2, group2), gap, instructionSet, near);
+    const unsigned lanes = (2u << (group2.end - group2.begin - 1)) - 1;
+    for (std::uint32_t i = group1.begin; i < group1.end; ++i)
+        for (unsigned bits = near[i - group1.begin] & lanes; bits != 0; bits &= bits - 1)
+            testPair(tree1.getNumbers()[i], tree2.getNumbers()[group2.begin + unsigned(__builtin_ctz(bits))]);
 }
 
-NearPairs::Operand::Operand(const TriangleMesh& mesh, std::uint32_t number, const Quad& origin, const Quad& direction)
-    : triangle(number) {
-    const Quad p0 = toQuad(mesh.corner(number, 0)), p1 = toQuad(mesh.corner(number, 1)),
-               p2 = toQuad(mesh.corner(number, 2));
-    box = quadBoxOf(p0, p1, p2);
-    const float h0 = dot(p0 - origin, direction), h1 = dot(p1 - origin, direction), h2 = dot(p2 - origin, direction);
-    range = {std::min({h0, h1, h2}), std::max({h0, h1, h2})};
+const TriangleGroup& NearPairs::GroupCache::get(const CompactTree& tree, const CompactTree::Group& group) {
+    Entry& entry = entries[group.begin / 8 % entries.size()];
+    if (entry.begin != group.begin) entry = {group.begin, createTriangleGroup(tree, group)};
+    return entry.triangles;
 }
 
 void NearPairs::testPair(std::uint32_t first, std::uint32_t second) {
     ++effort;
     ++trianglePairCount;
     const PackedTriangle packed1(tree1.getMesh()[first]), packed2(tree2.getMesh()[second]);
-    const float value = measureTrianglePair(packed1, packed2, instructionSet);
-    if (!(value <= limit)) return;
-    pairs.push_back({first, second, value});
-    limit = std::min(limit, limitFor(value));
+    const TrianglePair pair{first, second, measureTrianglePair(packed1, packed2, instructionSet)};
+    if (!(pair.squaredDistance <= limit)) return;
+    limit = std::min(limit, limitFor(pair.squaredDistance));
+    if (!isNear(pair)) return;
+    if (pairs.size() + 1 >= mostPairs) makeRoom();
+    pairs.push_back(pair);
 }
 
-void NearPairs::removeBeyondLimit() {
-    const auto isBeyond = [this](const TrianglePair& pair) { return pair.squaredDistance > limit; };
-    pairs.erase(std::remove_if(pairs.begin(), pairs.end(), isBeyond), pairs.end());
+bool NearPairs::isNear(const TrianglePair& pair) const {
+    const auto calcFarthestCorners = [&] {
+        return distanceBounds(quadBoxOf(tree1.getMesh(), pair.first), quadBoxOf(tree2.getMesh(), pair.second)).upper;
+    };
+    return pair.squaredDistance <= limit && (pair.squaredDistance <= keptLimit || calcFarthestCorners() <= keptLimit);
+}
+
+void NearPairs::removeFarPairs() {
+    pairs.erase(std::remove_if(pairs.begin(), pairs.end(), [this](const TrianglePair& pair) { return !isNear(pair); }),
+                pairs.end());
+}
+
+// What is left is at most as much as fits; of ties with the smallest value none may go.
+void NearPairs::makeRoom() {
+    removeFarPairs();
+    if (pairs.size() <= mostPairs / 2) return;
+    const auto quartile = pairs.begin() + std::ptrdiff_t(pairs.size() / 4);
+    std::nth_element(pairs.begin(), quartile, pairs.end(), isNearer);
+    keptLimit = std::min(keptLimit, std::max(quartile->squaredDistance, detail::touchingDistance));
+    removeFarPairs();
 }
 
 } // namespace tesk::measurement::acceleration

@@ -3,6 +3,7 @@
 #include <measurement/acceleration/Workers.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace tesk::measurement::acceleration {
 
@@ -24,34 +25,41 @@ bool holdsAny(const LazyTree::Node& node, const std::vector<std::uint32_t>& plac
 
 } // namespace
 
-PairSelection::PairSelection(const NearPairs& near, LazyTree& first, LazyTree& second, float bound)
-    : PairSelection(NearTriangles{near.getPairs(), near.getLimit(), near.getTree1().getWildTriangles(),
-                                  near.getTree2().getWildTriangles()},
-                    first, second, bound) {}
-
 PairSelection::PairSelection(const NearTriangles& near, LazyTree& first, LazyTree& second, float bound)
     : tree1(first), tree2(second), threshold(std::max(bound, detail::touchingDistance)) {
-    findPlaces(near);
-    if (!near.pairs.empty()) threshold = std::min(threshold, calcPathBound(near.pairs.front()));
-    sufficient = threshold * (1.0f + 0.5f * NearPairs::margin) <= near.limit;
+    locatePairs(near);
+    if (!near.pairs.empty()) threshold = std::min(threshold, findThreshold(near));
+    sufficient = threshold <= near.limit;
 }
 
-void PairSelection::findPlaces(const NearTriangles& near) {
-    places.resize(near.pairs.size());
+void PairSelection::locatePairs(const NearTriangles& near) {
+    places1.resize(near.pairs.size());
     // An object may be measured against itself.
     const std::size_t least =
         &tree1 == &tree2 ? 0 : std::min(tree1.getMesh().triangleCount, tree2.getMesh().triangleCount);
     runBoth(
         least, trianglesWorthAThread,
         [&] {
-            for (std::size_t i = 0; i < places.size(); ++i) places[i].first = tree1.locate(near.pairs[i].first);
+            for (std::size_t i = 0; i < places1.size(); ++i) places1[i].own = tree1.locate(near.pairs[i].first);
             wildPlaces1 = locateAll(tree1, near.wild1);
         },
         [&] {
-            for (std::size_t i = 0; i < places.size(); ++i) places[i].second = tree2.locate(near.pairs[i].second);
+            for (std::size_t i = 0; i < places1.size(); ++i) places1[i].other = tree2.locate(near.pairs[i].second);
             wildPlaces2 = locateAll(tree2, near.wild2);
         });
-    std::sort(places.begin(), places.end(), [](const Place& a, const Place& b) { return a.first < b.first; });
+    places2.reserve(places1.size());
+    for (const Place& place : places1) places2.push_back({place.other, place.own});
+    sort(places1);
+    sort(places2);
+}
+
+float PairSelection::findThreshold(const NearTriangles& near) {
+    // Bounds on the way to a pair may be rounded to more than its value, those on the way to its equal not.
+    constexpr std::size_t mostTried = 64;
+    float least = std::numeric_limits<float>::infinity();
+    for (std::size_t i = 0; i < std::min(mostTried, near.pairs.size()) && !(least <= near.limit); ++i)
+        least = std::min(least, calcPathBound(near.pairs[i]));
+    return least;
 }
 
 float PairSelection::calcPathBound(const TrianglePair& pair) {
@@ -77,13 +85,25 @@ float PairSelection::calcPathBound(const TrianglePair& pair) {
     }
 }
 
+void PairSelection::sort(std::vector<Place>& places) {
+    std::sort(places.begin(), places.end(), [](const Place& a, const Place& b) { return a.own < b.own; });
+}
+
+PairSelection::Places PairSelection::findPlaces(const std::vector<Place>& places, const LazyTree::Node& node) {
+    const auto isBefore = [](const Place& place, std::uint32_t own) { return place.own < own; };
+    const auto first = std::lower_bound(places.begin(), places.end(), node.begin, isBefore);
+    return {first, std::lower_bound(first, places.end(), node.end, isBefore)};
+}
+
+bool PairSelection::Places::leadTo(const LazyTree::Node& node) const {
+    return std::any_of(first, last,
+                       [&](const Place& place) { return place.other >= node.begin && place.other < node.end; });
+}
+
 bool PairSelection::touches(const LazyTree::Node& node1, const LazyTree::Node& node2) const {
     if (holdsAny(node1, wildPlaces1) || holdsAny(node2, wildPlaces2)) return true;
-    auto place = std::lower_bound(places.begin(), places.end(), node1.begin,
-                                  [](const Place& p, std::uint32_t begin) { return p.first < begin; });
-    for (; place != places.end() && place->first < node1.end; ++place)
-        if (place->second >= node2.begin && place->second < node2.end) return true;
-    return false;
+    const Places from1 = findPlaces(places1, node1), from2 = findPlaces(places2, node2);
+    return from1.size() < from2.size() ? from1.leadTo(node2) : from2.leadTo(node1);
 }
 
 } // namespace tesk::measurement::acceleration

@@ -8,16 +8,6 @@
 
 namespace tesk::measurement::acceleration {
 
-/// Pairs of triangles that were found near, and triangles of which that is not known.
-struct NearTriangles {
-    /// Ascending in the value.
-    const std::vector<TrianglePair>& pairs;
-    /// The value up to which the pairs are all.
-    float limit;
-    const std::vector<std::uint32_t>& wild1;
-    const std::vector<std::uint32_t>& wild2;
-};
-
 /// Which pairs of nodes of two lazy trees hold a near pair of triangles, or a wild triangle.
 ///
 /// The threshold is one of which a search restricted to those pairs of nodes need not fall short: the nearest pair's
@@ -26,7 +16,6 @@ class PairSelection {
 public:
     /// Opens all nodes that hold one of the triangles.
     PairSelection(const NearTriangles& near, LazyTree& first, LazyTree& second, float bound);
-    PairSelection(const NearPairs& near, LazyTree& first, LazyTree& second, float bound);
 
     /// Whether the near pairs are enough for that threshold.
     bool isSufficient() const { return sufficient; }
@@ -34,11 +23,24 @@ public:
     bool touches(const LazyTree::Node& node1, const LazyTree::Node& node2) const;
 
 private:
+    /// Where a pair stands in one tree and in the other.
     struct Place {
-        std::uint32_t first, second;
+        std::uint32_t own, other;
     };
 
-    void findPlaces(const NearTriangles& near);
+    /// Some that stand next to each other, ascending in their own tree.
+    struct Places {
+        std::vector<Place>::const_iterator first, last;
+
+        auto size() const { return last - first; }
+        bool leadTo(const LazyTree::Node& other) const;
+    };
+
+    static void sort(std::vector<Place>& places);
+    static Places findPlaces(const std::vector<Place>& places, const LazyTree::Node& node);
+    void locatePairs(const NearTriangles& near);
+    /// The least that is found among those of the nearest pairs; there must be one.
+    float findThreshold(const NearTriangles& near);
     /// The greatest bound on a way from the roots to the pair.
     float calcPathBound(const TrianglePair& pair);
 
@@ -46,8 +48,7 @@ private:
     LazyTree& tree2;
     float threshold;
     bool sufficient;
-    /// Ascending in the first.
-    std::vector<Place> places;
+    std::vector<Place> places1, places2;
     /// Ascending.
     std::vector<std::uint32_t> wildPlaces1, wildPlaces2;
 };

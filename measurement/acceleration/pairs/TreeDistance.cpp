@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace tesk::measurement::acceleration {
 
@@ -21,9 +22,11 @@ std::uint64_t calcPatience(const LazyTree& tree1, const LazyTree& tree2) {
 } // namespace
 
 TreeDistance::TreeDistance(LazyTree& tree1, LazyTree& tree2, float bound)
-    : TreeDistance(tree1, tree2, bound, calcPatience(tree1, tree2)) {}
+    : TreeDistance(tree1, tree2, bound, calcPatience(tree1, tree2), NearPairs::calcMostPairs(tree1, tree2)) {}
 
-TreeDistance::TreeDistance(LazyTree& tree1, LazyTree& tree2, float bound, std::uint64_t patience) {
+TreeDistance::TreeDistance(LazyTree& tree1, LazyTree& tree2, float bound, std::uint64_t patience,
+                           std::size_t mostNearPairs)
+    : mostPairs(mostNearPairs) {
     OrderedSearch search(tree1, tree2, bound);
     const float firstBound = search.getSquaredDistance();
     ranLong = !search.run(patience);
@@ -38,11 +41,9 @@ TreeDistance::TreeDistance(LazyTree& tree1, LazyTree& tree2, float bound, std::u
 
 bool TreeDistance::searchNearPairs(LazyTree& tree1, LazyTree& tree2, float bound, float bestKnown) {
     if (!std::isfinite(bestKnown)) return false;
-    NearPairs near(tree1, tree2, bestKnown);
-    const bool isFound = near.find();
-    trianglePairCount += near.getTrianglePairCount();
-    if (!isFound) return false;
-    const PairSelection selection(near, tree1, tree2, bestKnown);
+    const std::optional<NearTriangles> near = findNearPairs(tree1, tree2, bestKnown);
+    if (!near) return false;
+    const PairSelection selection(*near, tree1, tree2, bestKnown);
     if (!selection.isSufficient()) return false;
     OrderedSearch search(tree1, tree2, bound, &selection);
     search.run(std::numeric_limits<std::uint64_t>::max());
@@ -51,6 +52,15 @@ bool TreeDistance::searchNearPairs(LazyTree& tree1, LazyTree& tree2, float bound
     if (!search.isCertain()) return false;
     take(search);
     return true;
+}
+
+std::optional<NearTriangles> TreeDistance::findNearPairs(const LazyTree& tree1, const LazyTree& tree2, float bound) {
+    NearPairs near(tree1, tree2, bound, mostPairs);
+    const bool isFound = near.find();
+    trianglePairCount += near.getTrianglePairCount();
+    if (!isFound) return std::nullopt;
+    nearPairsCurtailed = near.isCurtailed();
+    return std::move(near).takeResult();
 }
 
 void TreeDistance::take(const OrderedSearch& search) {

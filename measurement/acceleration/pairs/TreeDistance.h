@@ -2,11 +2,14 @@
 
 #include <measurement/acceleration/pairs/LazyTree.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 
 namespace tesk::measurement::acceleration {
 
 class OrderedSearch;
+struct NearTriangles;
 
 /// What DistanceBoundingVolumeTree answers for the same triangles, to the bit, lines on standard output included.
 ///
@@ -16,7 +19,8 @@ class OrderedSearch;
 /// Why that changes nothing:
 /// - Its threshold is at least the search's result: the nearest pair's distance or, if greater, a bound that may have
 ///   ruled out that pair.
-/// - What is left out is farther than the threshold: the triangles, and so the farthest corners of their nodes' boxes.
+/// - What is left out is farther than the threshold: the triangles, and the farthest corners of their nodes' boxes. Of
+///   too many near pairs those are kept for which either is not so, see NearPairs.
 /// - As long as the best value is above the threshold, no pair of nodes with a bound up to the threshold is ruled out
 ///   in either search, and those come first. So both meet in the same order what brings the best value to the
 ///   threshold, and from then on their best values are equal.
@@ -27,8 +31,8 @@ class OrderedSearch;
 class TreeDistance {
 public:
     TreeDistance(LazyTree& tree1, LazyTree& tree2, float bound);
-    /// patience: the effort after which the search runs long, see OrderedSearch.
-    TreeDistance(LazyTree& tree1, LazyTree& tree2, float bound, std::uint64_t patience);
+    /// patience: the effort after which the search runs long, see OrderedSearch. mostNearPairs: see NearPairs.
+    TreeDistance(LazyTree& tree1, LazyTree& tree2, float bound, std::uint64_t patience, std::size_t mostNearPairs);
 
     const osg::Pnt3f& getClosestPoint1() const { return closestPoint1; }
     const osg::Pnt3f& getClosestPoint2() const { return closestPoint2; }
@@ -38,14 +42,18 @@ public:
     std::uint64_t getTrianglePairCount() const { return trianglePairCount; }
     /// Whether the result is that of the second search.
     bool isFromNearPairs() const { return fromNearPairs; }
+    /// Whether there were more of these than are kept.
+    bool isNearPairsCurtailed() const { return nearPairsCurtailed; }
     /// Whether the first search ran long, but the near pairs were of no use.
     bool isNearPairsGivenUp() const { return ranLong && !fromNearPairs; }
 
 private:
     /// bestKnown: what the first search has come to so far.
     bool searchNearPairs(LazyTree& tree1, LazyTree& tree2, float bound, float bestKnown);
+    std::optional<NearTriangles> findNearPairs(const LazyTree& tree1, const LazyTree& tree2, float bound);
     void take(const OrderedSearch& search);
 
+    std::size_t mostPairs;
     osg::Pnt3f closestPoint1;
     osg::Pnt3f closestPoint2;
     float squaredDistance = 0.0f;
@@ -53,6 +61,7 @@ private:
     std::uint64_t trianglePairCount = 0;
     bool ranLong = false;
     bool fromNearPairs = false;
+    bool nearPairsCurtailed = false;
 };
 
 } // namespace tesk::measurement::acceleration
