@@ -9,7 +9,7 @@ namespace tesk::measurement::acceleration {
 namespace {
 
 constexpr std::uint32_t mostTrianglesInLeaf = 4;
-constexpr std::size_t groupsWorthAThread = 4096;
+constexpr std::size_t runsWorthAThread = 4096;
 /// The boxes of so many are kept near at hand.
 constexpr std::uint32_t mostEntriesWithBoxes = 32768;
 /// How many entries ahead a triangle's positions are asked for, and its corners twice as many.
@@ -19,20 +19,20 @@ template <class Number> std::unique_ptr<Number[]> allocateUntouched(std::size_t 
     return std::unique_ptr<Number[]>(new Number[count]);
 }
 
-/// Entries with this bit are numbers of groups, others numbers of triangles, of which there are never so many.
-constexpr std::uint32_t groupBit = 0x80000000;
+/// Entries with this bit are numbers of runs, others numbers of triangles, of which there are never so many.
+constexpr std::uint32_t runBit = 0x80000000;
 
-bool isGroup(std::uint32_t entry) { return (entry & groupBit) != 0; }
+bool isRun(std::uint32_t entry) { return (entry & runBit) != 0; }
 
 /// Triangles that the processor cannot foresee: the farther one's corners, the nearer one's positions.
 void prefetch(const TriangleMesh& mesh, std::uint32_t farther, std::uint32_t nearer) {
-    if (!isGroup(farther)) __builtin_prefetch(mesh.corners + 3 * std::size_t(farther));
-    if (isGroup(nearer)) return;
+    if (!isRun(farther)) __builtin_prefetch(mesh.corners + 3 * std::size_t(farther));
+    if (isRun(nearer)) return;
     __builtin_prefetch(&mesh.corner(nearer, 0));
     __builtin_prefetch(&mesh.corner(nearer, 2));
 }
 
-/// For each axis, whether a triangle straddles the cut across it, or else lies above. For a group, whether it is mixed:
+/// For each axis, whether a triangle straddles the cut across it, or else lies above. For a run, whether it is mixed:
 /// its triangles may not all lie on the same side.
 struct Sides {
     QuadMask straddles;
@@ -64,9 +64,9 @@ struct Cuts {
         const QuadMask straddles = triangle.box.max - triangle.box.min >= halfExtent;
         return {straddles, ~straddles & (centre <= triangle.centroid)};
     }
-    Sides sidesOf(const TriangleGroup& group) const {
-        const QuadMask isUpper = centre <= group.leastCentroid, isLower = group.largestCentroid < centre;
-        return {~((group.largestExtent < halfExtent) & (isUpper | isLower)), isUpper};
+    Sides sidesOf(const TriangleRun& run) const {
+        const QuadMask isUpper = centre <= run.leastCentroid, isLower = run.largestCentroid < centre;
+        return {~((run.largestExtent < halfExtent) & (isUpper | isLower)), isUpper};
     }
 };
 
@@ -81,7 +81,7 @@ struct LazyTree::SideCounts {
         straddling -= triangle.straddles;
         upper -= triangle.isUpper;
     }
-    void addUniform(const Sides& group, std::uint32_t size) { upper += group.isUpper & int(size); }
+    void addUniform(const Sides& run, std::uint32_t size) { upper += run.isUpper & int(size); }
 };
 
 struct LazyTree::Split {
@@ -117,14 +117,14 @@ LazyTree::LazyTree(const TriangleMesh& triangles) : mesh(triangles) {
     arrays[0] = allocateUntouched<std::uint32_t>(mesh.triangleCount);
     Node all;
     all.end = mesh.triangleCount;
-    all.entryCount = TriangleGroup::countOf(mesh);
-    groups = allocateUntouched<TriangleGroup>(all.entryCount);
-    runInChunks(all.entryCount, groupsWorthAThread, [this](std::size_t, std::size_t begin, std::size_t end) {
-        for (std::size_t i = begin; i < end; ++i) groups[i].assign(mesh, static_cast<std::uint32_t>(i));
+    all.entryCount = TriangleRun::countOf(mesh);
+    runs = allocateUntouched<TriangleRun>(all.entryCount);
+    runInChunks(all.entryCount, runsWorthAThread, [this](std::size_t, std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i) runs[i].assign(mesh, static_cast<std::uint32_t>(i));
     });
     for (std::uint32_t i = 0; i < all.entryCount; ++i) {
-        arrays[0][i] = groupBit | i;
-        all.box.grow(groups[i].box);
+        arrays[0][i] = runBit | i;
+        all.box.grow(runs[i].box);
     }
     nodes.push_back(all);
 }
@@ -157,7 +157,7 @@ LazyTree::SideCounts LazyTree::countSides(const Node& node) {
         if (i + 2 * entriesAhead < node.entryCount)
             prefetch(mesh, entries[i + 2 * entriesAhead], entries[i + entriesAhead]);
         const std::uint32_t entry = entries[i];
-        if (!isGroup(entry)) {
+        if (!isRun(entry)) {
             const TriangleExtent triangle(mesh, entry);
             const Sides side = cuts.sidesOf(triangle);
             counts.add(side);
@@ -165,10 +165,10 @@ LazyTree::SideCounts LazyTree::countSides(const Node& node) {
             if (i < mostEntriesWithBoxes) boxes[i] = triangle.box;
             continue;
         }
-        const std::uint32_t group = entry & ~groupBit;
-        const Sides side = cuts.sidesOf(groups[group]);
+        const std::uint32_t run = entry & ~runBit;
+        const Sides side = cuts.sidesOf(runs[run]);
         sides[i] = side.toBits();
-        const std::uint32_t begin = TriangleGroup::beginOf(group), end = TriangleGroup::endOf(mesh, group);
+        const std::uint32_t begin = TriangleRun::beginOf(run), end = TriangleRun::endOf(mesh, run);
         if ((sides[i] & Sides::straddlesAny) == 0) {
             counts.addUniform(side, end - begin);
         } else {
@@ -200,19 +200,19 @@ void LazyTree::distribute(std::uint32_t number, const Split& chosen) {
     const std::uint32_t* const from = getNumbers(node) + node.begin;
     Children children(node, chosen, arrays[1 - node.array].get());
     for (std::uint32_t i = 0; i < node.entryCount; ++i) {
-        const std::uint32_t entry = from[i], entryNumber = entry & ~groupBit;
+        const std::uint32_t entry = from[i], entryNumber = entry & ~runBit;
         const unsigned side = unsigned(sides[i]) >> chosen.axis;
         const bool straddles = (side & 1) != 0, isUpper = (side & Sides::upperBit) != 0;
-        if (!isGroup(entry)) {
+        if (!isRun(entry)) {
             if (straddles) {
                 children.to[children.ownEnd++] = entry;
             } else {
                 children.add(entry, i < mostEntriesWithBoxes ? QuadBox(boxes[i]) : quadBoxOf(mesh, entry), 1, isUpper);
             }
         } else if (straddles) {
-            distributeGroup(entryNumber, children);
+            distributeRun(entryNumber, children);
         } else {
-            children.add(entry, groups[entryNumber].box, TriangleGroup::sizeOf(mesh, entryNumber), isUpper);
+            children.add(entry, runs[entryNumber].box, TriangleRun::sizeOf(mesh, entryNumber), isUpper);
         }
     }
     const auto append = [this](const Node& child) {
@@ -229,9 +229,9 @@ void LazyTree::distribute(std::uint32_t number, const Split& chosen) {
     changed.high = highNumber;
 }
 
-void LazyTree::distributeGroup(std::uint32_t group, Children& children) const {
-    const std::uint32_t end = TriangleGroup::endOf(mesh, group);
-    for (std::uint32_t triangle = TriangleGroup::beginOf(group); triangle < end; ++triangle) {
+void LazyTree::distributeRun(std::uint32_t run, Children& children) const {
+    const std::uint32_t end = TriangleRun::endOf(mesh, run);
+    for (std::uint32_t triangle = TriangleRun::beginOf(run); triangle < end; ++triangle) {
         const TriangleExtent extent(mesh, triangle);
         const Sides side = children.cuts.sidesOf(extent);
         if (side.straddles[children.axis] != 0) {
@@ -247,13 +247,12 @@ void LazyTree::expandEntries(const Node& node) {
     std::uint32_t* const numbers = arrays[node.array].get();
     std::uint32_t place = node.end;
     for (std::uint32_t i = node.entryCount; i-- > 0;) {
-        const std::uint32_t entry = numbers[node.begin + i], group = entry & ~groupBit;
-        if (!isGroup(entry)) {
+        const std::uint32_t entry = numbers[node.begin + i], run = entry & ~runBit;
+        if (!isRun(entry)) {
             numbers[--place] = entry;
             continue;
         }
-        for (std::uint32_t k = TriangleGroup::endOf(mesh, group); k-- > TriangleGroup::beginOf(group);)
-            numbers[--place] = k;
+        for (std::uint32_t k = TriangleRun::endOf(mesh, run); k-- > TriangleRun::beginOf(run);) numbers[--place] = k;
     }
 }
 

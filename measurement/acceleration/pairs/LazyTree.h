@@ -1,6 +1,6 @@
 #pragma once
 
-#include <measurement/acceleration/pairs/TriangleGroup.h>
+#include <measurement/acceleration/pairs/TriangleRun.h>
 
 #include <cstdint>
 #include <memory>
@@ -11,11 +11,11 @@ namespace tesk::measurement::acceleration {
 /// The BoundingVolumeTree over a mesh, node by node as a search looks into it.
 ///
 /// Same boxes, same triangles in the same order, same children; but a node is split when open() is called for it, and
-/// triangles are numbers. Those that follow each other in the mesh form groups, and a group goes to a child as a whole
+/// triangles are numbers. Those that follow each other in the mesh form runs, and a run goes to a child as a whole
 /// where all its triangles do: so large nodes are split in a fraction of the time that their triangles would take. The
 /// mesh's arrays must outlive the tree.
 ///
-/// Memory: 5 bytes a triangle for the groups; 9 more, of which only those parts are ever touched that nodes open on; 64
+/// Memory: 5 bytes a triangle for the runs; 9 more, of which only those parts are ever touched that nodes open on; 64
 /// a node.
 class LazyTree {
 public:
@@ -28,7 +28,7 @@ public:
         std::uint32_t begin = 0;
         std::uint32_t end = 0;
         std::uint32_t ownEnd = 0;
-        /// Until it is open: how many entries stand for its triangles, from begin on, each a triangle or a group.
+        /// Until it is open: how many entries stand for its triangles, from begin on, each a triangle or a run.
         std::uint32_t entryCount = 0;
         /// The children, or none.
         std::uint32_t low = none;
@@ -71,11 +71,11 @@ private:
     SideCounts countSides(const Node& node);
     bool chooseSplit(const Node& node, Split& chosen);
     void distribute(std::uint32_t node, const Split& chosen);
-    void distributeGroup(std::uint32_t group, Children& children) const;
+    void distributeRun(std::uint32_t run, Children& children) const;
     void expandEntries(const Node& node);
 
     TriangleMesh mesh;
-    std::unique_ptr<TriangleGroup[]> groups;
+    std::unique_ptr<TriangleRun[]> runs;
     std::uint64_t splitCount = 0;
     std::vector<Node> nodes;
     std::unique_ptr<std::uint32_t[]> arrays[2];

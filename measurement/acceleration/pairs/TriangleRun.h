@@ -31,7 +31,7 @@ struct StoredBox {
 };
 
 /// Some triangles that follow each other in a mesh, and between which numbers all of theirs lie.
-struct TriangleGroup {
+struct TriangleRun {
     static constexpr std::uint32_t mostTriangles = 16;
 
     StoredBox box;
