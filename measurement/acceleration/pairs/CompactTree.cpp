@@ -1,6 +1,7 @@
 #include <measurement/acceleration/pairs/CompactTree.h>
 
 #include <measurement/acceleration/SpatialOrder.h>
+#include <measurement/acceleration/pairs/FourTriangles.h>
 
 #include <algorithm>
 #include <cmath>
@@ -12,7 +13,7 @@ namespace tesk::measurement::acceleration {
 namespace {
 
 constexpr std::uint32_t mostTrianglesInGroup = 8;
-constexpr float leastSquaredSine = 1.0f / (CompactTree::largestInverseSine * CompactTree::largestInverseSine);
+constexpr float leastSine = 1.0f / CompactTree::largestInverseSine;
 
 struct Corners {
     Quad p0, p1, p2;
@@ -22,74 +23,6 @@ struct Corners {
           p2(toQuad(mesh.corner(triangle, 2))) {}
 
     Quad normal() const { return cross(p1 - p0, p2 - p0); }
-};
-
-/// Four triangles, coordinate by coordinate.
-struct FourTriangles {
-    struct Points {
-        Quad x, y, z;
-
-        Points operator-(const Points& other) const { return {x - other.x, y - other.y, z - other.z}; }
-        friend Quad dot(const Points& a, const Points& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
-        friend Points cross(const Points& a, const Points& b) {
-            return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-        }
-    };
-
-    Points corners[3];
-
-    /// Of fewer than four the last one counts again.
-    template <class NumberOf> FourTriangles(const TriangleMesh& mesh, std::uint32_t count, NumberOf numberOf) {
-        const std::uint32_t last = std::min(count, 4u) - 1;
-        const std::uint32_t numbers[] = {numberOf(0), numberOf(std::min(1u, last)), numberOf(std::min(2u, last)),
-                                         numberOf(last)};
-        for (std::size_t which = 0; which < 3; ++which) {
-            const Quad a = toQuad(mesh.corner(numbers[0], which)), b = toQuad(mesh.corner(numbers[1], which)),
-                       c = toQuad(mesh.corner(numbers[2], which)), d = toQuad(mesh.corner(numbers[3], which));
-            const Quad lowAB = __builtin_shufflevector(a, b, 0, 4, 1, 5),
-                       lowCD = __builtin_shufflevector(c, d, 0, 4, 1, 5);
-            const Quad highAB = __builtin_shufflevector(a, b, 2, 6, 3, 7),
-                       highCD = __builtin_shufflevector(c, d, 2, 6, 3, 7);
-            corners[which] = {__builtin_shufflevector(lowAB, lowCD, 0, 1, 4, 5),
-                              __builtin_shufflevector(lowAB, lowCD, 2, 3, 6, 7),
-                              __builtin_shufflevector(highAB, highCD, 0, 1, 4, 5)};
-        }
-    }
-
-    /// Of the angles at the first corners; 0 for wild triangles.
-    Quad calcSquaredSines(bool isFirst) const {
-        // Comparisons that are false for NaN.
-        constexpr float leastSquaredLength = 1e-15f;
-        const Points edge0 = corners[1] - corners[0], edge1 = corners[2] - corners[0], edge2 = corners[2] - corners[1];
-        const Quad a00 = dot(edge0, edge0), a11 = dot(edge1, edge1), a22 = dot(edge2, edge2);
-        const Points normal = cross(edge0, edge1);
-        const Quad squaredSine = dot(normal, normal) / (a00 * a11);
-        const QuadMask isSegment = QuadMask{} - int(isFirst) & ((a00 == 0.0f) | (a22 == 0.0f));
-        const QuadMask isSound = (a00 > leastSquaredLength) & (squaredSine >= leastSquaredSine);
-        const QuadMask isTame = isOrdinary() & (a11 > leastSquaredLength) & (isSegment | isSound);
-        return Quad(isTame & QuadMask(isSegment ? Quad{} + 1.0f : squaredSine));
-    }
-
-    Quad squaredGapsTo(const QuadBox& other) const {
-        const auto gapOf = [&](const Quad& a, const Quad& b, const Quad& c, int axis) {
-            const Quad low = smaller(smaller(a, b), c), high = larger(larger(a, b), c);
-            return positiveOrZero(larger(low - other.max[axis], other.min[axis] - high));
-        };
-        const auto& [p0, p1, p2] = corners;
-        const Quad x = gapOf(p0.x, p1.x, p2.x, 0), y = gapOf(p0.y, p1.y, p2.y, 1), z = gapOf(p0.z, p1.z, p2.z, 2);
-        return x * x + y * y + z * z;
-    }
-
-private:
-    /// Whether no coordinate is far from finite.
-    QuadMask isOrdinary() const {
-        constexpr float largestCoordinate = 1e15f;
-        QuadMask result = QuadMask{} - 1;
-        for (const Points& corner : corners)
-            result &= (absolute(corner.x) < largestCoordinate) & (absolute(corner.y) < largestCoordinate) &
-                      (absolute(corner.z) < largestCoordinate);
-        return result;
-    }
 };
 
 /// The direction if it has one, of length 1.
@@ -131,7 +64,7 @@ void CompactTree::choose(const QuadBox& other, float farthest) {
     for (std::uint32_t begin = 0; begin < mesh.triangleCount; begin += 4) {
         const std::uint32_t count = std::min(4u, mesh.triangleCount - begin);
         const FourTriangles four(mesh, count, [begin](std::uint32_t k) { return begin + k; });
-        const QuadMask isWild = four.calcSquaredSines(isFirst) == 0.0f;
+        const QuadMask isWild = four.calcSquaredSines(isFirst, leastSine) == 0.0f;
         const QuadMask isFar = four.squaredGapsTo(other) > farthest;
         for (std::uint32_t k = 0; k < count; ++k) {
             if (isWild[k] != 0) {
@@ -178,16 +111,16 @@ void CompactTree::createGroups() {
         if (i % 4 == 0)
             squaredSines = FourTriangles(mesh, count - i, [this, i](std::uint32_t k) {
                                return numbers[i + k];
-                           }).calcSquaredSines(isFirst);
+                           }).calcSquaredSines(isFirst, leastSine);
         const Corners corners(mesh, numbers[i]);
-        const QuadBox box = quadBoxOf(corners.p0, corners.p1, corners.p2);
+        const QuadBox triangleBox = quadBoxOf(corners.p0, corners.p1, corners.p2);
         // The curve jumps now and then. Not for every triangle, lest the groups take more memory than the triangles.
         const bool isFull = draft.count == mostTrianglesInGroup;
-        if (isFull || (draft.count > 0 && draft.wouldSpread(box) && groups.size() < 64 + i / 4)) {
+        if (isFull || (draft.count > 0 && draft.wouldSpread(triangleBox) && groups.size() < 64 + i / 4)) {
             finishGroup(draft, i);
             draft = GroupDraft();
         }
-        draft.add(box, corners.normal(), squaredSines[i % 4]);
+        draft.add(triangleBox, corners.normal(), squaredSines[i % 4]);
     }
     if (draft.count > 0) finishGroup(draft, count);
 }
