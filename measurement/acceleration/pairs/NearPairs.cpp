@@ -134,9 +134,11 @@ NearPairs::Candidate NearPairs::createCandidate(std::uint32_t node1, std::uint32
     const CompactHull& a = tree1.getNode(node1).hull;
     const CompactHull& b = tree2.getNode(node2).hull;
     const RoundingSlack slack = calcSlack(a.box, b.box, std::max(a.inverseSine, b.inverseSine));
-    const float boxGap = squaredGapOf(a.box, b.box);
-    float bound = slack.calcBound(boxGap);
-    if (bound <= limit) bound = slack.calcBound(std::max(boxGap, squaredLess(findDiscGap(a, b), slack)));
+    float bound = slack.calcBound(squaredGapOf(a.box, b.box));
+    for (const Quad* const normal : {&a.normal, &b.normal}) {
+        if (bound > limit) break;
+        bound = std::max(bound, slack.calcBound(squaredLess(gapAlongNormal(a, b, *normal), slack)));
+    }
     return {bound, node1, node2};
 }
 
