@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::uint32_t mostTrianglesInLeaf = 4;
 constexpr std::size_t runsWorthAThread = 4096;
-/// The boxes of so many are kept near at hand.
+/// The boxes of so many entries are kept near at hand, though not of more than one in eight triangles.
 constexpr std::uint32_t mostEntriesWithBoxes = 32768;
 /// How many entries ahead a triangle's positions are asked for, and its corners twice as many.
 constexpr std::uint32_t entriesAhead = 16;
@@ -137,7 +137,8 @@ void LazyTree::split(std::uint32_t number) {
         if (!sides) {
             arrays[1] = allocateUntouched<std::uint32_t>(mesh.triangleCount);
             sides = allocateUntouched<std::uint8_t>(mesh.triangleCount);
-            boxes = allocateUntouched<StoredBox>(std::min(mesh.triangleCount, mostEntriesWithBoxes));
+            boxCount = std::min(mesh.triangleCount / 8, mostEntriesWithBoxes);
+            boxes = allocateUntouched<StoredBox>(boxCount);
         }
         splitCount += node.entryCount;
         Split chosen;
@@ -162,7 +163,7 @@ LazyTree::SideCounts LazyTree::countSides(const Node& node) {
             const Sides side = cuts.sidesOf(triangle);
             counts.add(side);
             sides[i] = side.toBits();
-            if (i < mostEntriesWithBoxes) boxes[i] = triangle.box;
+            if (i < boxCount) boxes[i] = triangle.box;
             continue;
         }
         const std::uint32_t run = entry & ~runBit;
@@ -207,7 +208,7 @@ void LazyTree::distribute(std::uint32_t number, const Split& chosen) {
             if (straddles) {
                 children.to[children.ownEnd++] = entry;
             } else {
-                children.add(entry, i < mostEntriesWithBoxes ? QuadBox(boxes[i]) : quadBoxOf(mesh, entry), 1, isUpper);
+                children.add(entry, i < boxCount ? QuadBox(boxes[i]) : quadBoxOf(mesh, entry), 1, isUpper);
             }
         } else if (straddles) {
             distributeRun(entryNumber, children);

@@ -15,7 +15,7 @@ namespace tesk::measurement::acceleration {
 /// where all its triangles do: so large nodes are split in a fraction of the time that their triangles would take. The
 /// mesh's arrays must outlive the tree.
 ///
-/// Memory: 5 bytes a triangle for the runs; 9 more, of which only those parts are ever touched that nodes open on; 64
+/// Memory: 5 bytes a triangle for the runs; 13 more, of which only those parts are ever touched that nodes open on; 64
 /// a node.
 class LazyTree {
 public:
@@ -83,6 +83,7 @@ private:
     std::unique_ptr<std::uint8_t[]> sides;
     /// The boxes of its first entries.
     std::unique_ptr<StoredBox[]> boxes;
+    std::uint32_t boxCount = 0;
 };
 
 } // namespace tesk::measurement::acceleration
