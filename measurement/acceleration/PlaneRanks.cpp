@@ -33,7 +33,7 @@ inline std::uint16_t PlaneRanks::calcRank(const osg::Pnt3f& point) const {
     const float below = (height - heights[1]) * density + 1.0f;
     const auto largest = static_cast<float>(planeCount);
     const auto guess = static_cast<std::uint32_t>(below > 0.0f ? std::min(below, largest) : 0.0f);
-    if (!(height < heights[guess]) & (height < heights[guess + 1])) return static_cast<std::uint16_t>(guess);
+    if (!(height < heights[guess]) && height < heights[guess + 1]) return static_cast<std::uint16_t>(guess);
     return searchRank(height);
 }
 

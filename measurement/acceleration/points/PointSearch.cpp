@@ -1,7 +1,9 @@
 #include <measurement/acceleration/points/PointSearch.h>
 
 #include <measurement/acceleration/SpatialOrder.h>
+#include <measurement/acceleration/Workers.h>
 #include <measurement/acceleration/points/PrimitiveGroup.h>
+#include <measurement/acceleration/points/SideCodes.h>
 #include <measurement/geometry/DistanceSegmentPoint.h>
 #include <measurement/geometry/DistanceTrianglePoint.h>
 #include <measurement/geometry/Validity.h>
@@ -21,6 +23,10 @@ constexpr std::size_t sampledGroups = 64;
 
 /// Of so many groups the scan looks at one first, for a good value to pass over most others by.
 constexpr std::size_t groupsPerProbe = 64;
+/// Scattered ones take longer to look at, and each is eight places.
+constexpr std::size_t scatteredGroupsPerProbe = 512;
+
+constexpr std::size_t groupsWorthAThread = 1 << 14;
 
 /// So many groups ahead what a pass over sorted groups reads is asked for.
 constexpr std::size_t groupsAhead = 4;
@@ -79,20 +85,88 @@ void measure(const PrimitiveArray<Primitive>& primitives, std::size_t number, co
         nearest = {answer.getSquaredDistance(), rank, answer.getClosestPoint(), true};
 }
 
+namespace {
+
+/// A scan for the nearest to one point.
+template <class Primitive> class Scan {
+public:
+    Scan(const PrimitiveArray<Primitive>& array, const osg::Pnt3f& queryPoint, std::uint64_t rankOfFirst)
+        : primitives(array), point(queryPoint), firstRank(rankOfFirst) {}
+
+    void run(NearestPrimitive& nearest) const {
+        const bool isRandom = isScattered(primitives);
+        const std::size_t step = isRandom ? scatteredGroupsPerProbe : groupsPerProbe;
+        for (std::size_t group = step; group < groupsFor(primitives.count); group += step)
+            look({primitives, nullptr, group}, nearest);
+        // One code for each position, so that these must not be far too many.
+        const bool isWorthCodes = isRandom && primitives.positionCount / 4 <= primitives.count;
+        const SideCodes codes(primitives.positions, isWorthCodes ? primitives.positionCount : 0, point,
+                              nearest.squaredDistance);
+        // What is found depends on how good the best is at first no more than on the order.
+        std::vector<NearestPrimitive> found(chunkCount(groupsFor(primitives.count), groupsWorthAThread), nearest);
+        runInChunks(groupsFor(primitives.count), groupsWorthAThread,
+                    [&](std::size_t chunk, std::size_t begin, std::size_t end) {
+                        if (codes.areThere())
+                            scanByCodes(codes, begin, end, found[chunk]);
+                        else
+                            scanByGroups(begin, end, found[chunk]);
+                    });
+        for (const NearestPrimitive& some : found)
+            if (nearest.givesWayTo(some.squaredDistance, some.rank)) nearest = some;
+    }
+
+private:
+    void look(const PrimitiveGroup<Primitive>& group, NearestPrimitive& nearest) const {
+        measureNear(primitives, group, point, firstRank, set, nearest);
+    }
+
+    void scanByGroups(std::size_t begin, std::size_t end, NearestPrimitive& nearest) const {
+        const Quad quadPoint{point[0], point[1], point[2]};
+        for (std::size_t i = begin; i < end; ++i) {
+            const PrimitiveGroup<Primitive> group(primitives, nullptr, i);
+            if (!(lowerBound(group.getBox(), quadPoint) > nearest.squaredDistance)) look(group, nearest);
+        }
+    }
+
+    void scanByCodes(const SideCodes& codes, std::size_t begin, std::size_t end, NearestPrimitive& nearest) const {
+        std::uint32_t numbers[2 * primitivesAtOnce];
+        std::size_t count = 0;
+        const std::size_t last = std::min(end * groupSize, primitives.count);
+        for (std::size_t i = begin * groupSize; i < last; i += primitivesAtOnce) {
+            count += codes.findNear<cornerCount<Primitive>>(primitives.corners, i, std::min(i + primitivesAtOnce, last),
+                                                            numbers + count);
+            if (count >= primitivesAtOnce) lookAt(numbers, count, nearest);
+        }
+        lookAt(numbers, count, nearest);
+    }
+
+    /// Looks at those of the numbers, for which there must be place to be as many as fill groups, and takes them away.
+    void lookAt(std::uint32_t* numbers, std::size_t& count, NearestPrimitive& nearest) const {
+        if (count == 0) return;
+        const std::size_t groupCount = groupsFor(count);
+        std::fill(numbers + count, numbers + groupCount * groupSize, numbers[count - 1]);
+        for (std::size_t group = 0; group < groupCount; ++group) {
+            const std::size_t ahead = std::min(group + groupsAhead, groupCount - 1);
+            PrimitiveGroup<Primitive>(primitives, numbers, ahead).fetchPositions();
+            look({primitives, numbers, group}, nearest);
+        }
+        count = 0;
+    }
+
+    static constexpr std::size_t primitivesAtOnce = 256;
+
+    const PrimitiveArray<Primitive>& primitives;
+    const osg::Pnt3f& point;
+    std::uint64_t firstRank;
+    InstructionSet set = getInstructionSet();
+};
+
+} // namespace
+
 template <class Primitive>
 void scan(const PrimitiveArray<Primitive>& primitives, const osg::Pnt3f& point, std::uint64_t firstRank,
           NearestPrimitive& nearest) {
-    const InstructionSet set = getInstructionSet();
-    const std::size_t groupCount = groupsFor(primitives.count);
-    const auto look = [&](std::size_t group) {
-        measureNear(primitives, {primitives, nullptr, group}, point, firstRank, set, nearest);
-    };
-    for (std::size_t group = groupsPerProbe; group < groupCount; group += groupsPerProbe) look(group);
-    const Quad quadPoint{point[0], point[1], point[2]};
-    for (std::size_t group = 0; group < groupCount; ++group)
-        if (!(lowerBound(PrimitiveGroup<Primitive>(primitives, nullptr, group).getBox(), quadPoint) >
-              nearest.squaredDistance))
-            look(group);
+    Scan<Primitive>(primitives, point, firstRank).run(nearest);
 }
 
 template <class Primitive> struct PointTree<Primitive>::Query {

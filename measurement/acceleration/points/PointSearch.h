@@ -42,8 +42,9 @@ template <class Primitive>
 void measure(const PrimitiveArray<Primitive>& primitives, std::size_t number, const osg::Pnt3f& point,
              std::uint64_t firstRank, NearestPrimitive& nearest);
 
-/// Looks at all primitives, eight at a time as their box may hold something nearer. No allocation; time linear in the
-/// primitives.
+/// Looks at all primitives, eight at a time as their box may hold something nearer; where they are scattered over the
+/// array, only at those that have no side of a cube around the point between them and it, for which a byte for each
+/// position is needed. Time linear in the primitives; several threads.
 template <class Primitive>
 void scan(const PrimitiveArray<Primitive>& primitives, const osg::Pnt3f& point, std::uint64_t firstRank,
           NearestPrimitive& nearest);

@@ -93,7 +93,9 @@ void PlaneCuts::sortByPlane(std::size_t planeCount) {
     for (const CutTriangle& triangle : triangles)
         for (std::size_t plane = triangle.firstPlane; plane < triangle.lastPlane; ++plane) ++ends[plane + 2];
     for (std::size_t plane = 0; plane < planeCount; ++plane) ends[plane + 2] += ends[plane + 1];
-    numbers.resize(crossingCount + 2 * trianglesAhead);
+    numbers.resize(crossingCount);
+    // A triangle that is there, for what looks ahead.
+    numbers.resize(crossingCount + 2 * trianglesAhead, 0);
     std::uint32_t number = 0;
     for (const CutTriangle& triangle : triangles) {
         for (std::size_t plane = triangle.firstPlane; plane < triangle.lastPlane; ++plane)

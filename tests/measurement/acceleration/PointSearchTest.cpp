@@ -1,4 +1,6 @@
+#include <measurement/acceleration/Workers.h>
 #include <measurement/acceleration/points/PointSearch.h>
+#include <measurement/acceleration/points/SideCodes.h>
 #include <measurement/geometry/DistanceSegmentPoint.h>
 #include <measurement/geometry/DistanceTrianglePoint.h>
 #include <measurement/geometry/Validity.h>
@@ -132,6 +134,7 @@ template <class Primitive> void compareSearches(test::Random& random, const test
         if (random.chance(0.3f)) point = pointFor(random, mesh.positions);
         const NearestPrimitive expected = findPlainly(primitives, point);
         NearestPrimitive scanned, searched, seeded;
+        const ForcedChunks chunks(random.chance(0.1f) ? 3 : 1);
         scan(primitives, point, 0, scanned);
         expectSame(scanned, expected);
         tree.search(point, 0, searched);
@@ -179,6 +182,32 @@ TEST(PointDistanceFilter, ShowsTheSameWithAllInstructionSets) {
         mixed += near != 0 && near != 255;
     }
     EXPECT_GT(mixed, runs / 10);
+}
+
+TEST(SideCodes, LeaveOutOnlyWhatIsFartherThanTheBest) {
+    test::Random random(35);
+    const int runs = test::differentialRuns(4000);
+    int leftOut = 0, near = 0, close = 0;
+    for (int run = 0; run < runs && !testing::Test::HasFailure(); ++run) {
+        const test::Mesh mesh = meshFor(random);
+        const PrimitiveArray<Triangle> triangles = arrayOf<Triangle>(mesh);
+        const osg::Pnt3f point = pointFor(random, mesh.positions);
+        const float best =
+            findPlainly(triangles, point).squaredDistance * (random.chance(0.3f) ? 1.0f : random.real(0.3f, 3.0f));
+        const SideCodes codes(mesh.positions.data(), mesh.positions.size(), point, best);
+        if (!codes.areThere()) continue;
+        std::vector<std::uint32_t> numbers(triangles.count);
+        numbers.resize(codes.findNear<3>(mesh.indices.data(), 0, triangles.count, numbers.data()));
+        for (std::uint32_t i = 0; i < triangles.count; ++i) {
+            if (std::binary_search(numbers.begin(), numbers.end(), i)) continue;
+            const DistanceTrianglePoint answer(get(triangles, i), osg::Vec3f(point));
+            EXPECT_TRUE(answer.getSquaredDistance() > best || !isValid(answer.getClosestPoint())) << run << ' ' << i;
+            close += answer.getSquaredDistance() < 1.2f * best;
+            ++leftOut;
+        }
+        near += static_cast<int>(numbers.size());
+    }
+    EXPECT_GT(std::min({leftOut / 10, near / 10, close}), runs / 10) << leftOut << ' ' << near << ' ' << close;
 }
 
 TEST(PointTree, AndScanAgreeWithThePlainSearch) {
