@@ -74,8 +74,7 @@ void showHeap(benchmark::State& state, const std::vector<Contestant>& contestant
 }
 
 benchmark::IterationCount repetitionsFor(std::size_t triangleCount) {
-    if (triangleCount < 100'000) return 5;
-    return triangleCount < 100'000'000 ? 3 : 1;
+    return triangleCount < 100'000 ? 5 : 3;
 }
 
 void expectAgreement(benchmark::State& state, double ours, const std::string& peerName, double peers,
