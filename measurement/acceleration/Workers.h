@@ -7,7 +7,7 @@
 ///
 /// Whatever a loop finds is kept chunk by chunk and put together in the order of the chunks, so that no result depends
 /// on how many there are. Bodies read plain arrays that stand while the loop runs and write what no other chunk
-/// touches; they go near no scene and write nothing to the standard output.
+/// touches; they call nothing of the scene graph and write nothing to the standard output.
 ///
 /// \code
 /// std::vector<Candidate> nearest(chunkCount(points.size(), pointsWorthAThread));
