@@ -73,9 +73,7 @@ void showHeap(benchmark::State& state, const std::vector<Contestant>& contestant
     }
 }
 
-benchmark::IterationCount repetitionsFor(std::size_t triangleCount) {
-    return triangleCount < 100'000 ? 5 : 3;
-}
+benchmark::IterationCount repetitionsFor(std::size_t triangleCount) { return triangleCount < 100'000 ? 5 : 3; }
 
 void expectAgreement(benchmark::State& state, double ours, const std::string& peerName, double peers,
                      double allowance) {
