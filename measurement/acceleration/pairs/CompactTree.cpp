@@ -79,7 +79,7 @@ void CompactTree::choose(const QuadBox& other, float farthest) {
 
 void CompactTree::build(const QuadBox& other, float farthest) {
     const auto isFar = [&](std::uint32_t number) { return squaredGapOf(quadBoxOf(mesh, number), other) > farthest; };
-    if (!numbers.empty()) numbers.erase(std::remove_if(numbers.begin(), numbers.end(), isFar), numbers.end());
+    numbers.erase(std::remove_if(numbers.begin(), numbers.end(), isFar), numbers.end());
     orderTriangles();
     createGroups();
     order.resize(groups.size());

@@ -56,7 +56,7 @@ struct FourTriangles {
         return Quad(isTame & QuadMask(isSegment ? Quad{} + 1.0f : squaredSine));
     }
 
-    /// How far their boxes are from another.
+    /// The squared gaps between their boxes and another.
     Quad squaredGapsTo(const QuadBox& other) const {
         const auto gapOf = [&](const Quad& a, const Quad& b, const Quad& c, int axis) {
             const Quad low = smaller(smaller(a, b), c), high = larger(larger(a, b), c);

@@ -39,18 +39,8 @@ struct Sides {
     QuadMask isUpper;
 
     /// One bit for each axis, that of x lowest; those of isUpper from upperBit on.
-    std::uint8_t toBits() const { return std::uint8_t(toBits(straddles) | toBits(isUpper) << 4); }
+    std::uint8_t pack() const { return std::uint8_t(toBits(straddles) | toBits(isUpper) << 4); }
     static constexpr unsigned straddlesAny = 7, upperBit = 16;
-
-private:
-    /// The fourth bit means nothing.
-    static unsigned toBits(const QuadMask& mask) {
-#ifdef __SSE2__
-        return unsigned(__builtin_ia32_movmskps(Quad(mask)));
-#else
-        return unsigned(mask[0] & 1) | unsigned(mask[1] & 2) | unsigned(mask[2] & 4);
-#endif
-    }
 };
 
 /// The cuts across all axes at the middle of a box.
@@ -162,13 +152,13 @@ LazyTree::SideCounts LazyTree::countSides(const Node& node) {
             const TriangleExtent triangle(mesh, entry);
             const Sides side = cuts.sidesOf(triangle);
             counts.add(side);
-            sides[i] = side.toBits();
+            sides[i] = side.pack();
             if (i < boxCount) boxes[i] = triangle.box;
             continue;
         }
         const std::uint32_t run = entry & ~runBit;
         const Sides side = cuts.sidesOf(runs[run]);
-        sides[i] = side.toBits();
+        sides[i] = side.pack();
         const std::uint32_t begin = TriangleRun::beginOf(run), end = TriangleRun::endOf(mesh, run);
         if ((sides[i] & Sides::straddlesAny) == 0) {
             counts.addUniform(side, end - begin);

@@ -21,6 +21,8 @@ class LazyTree {
 public:
     static constexpr std::uint32_t root = 0;
     static constexpr std::uint32_t none = 0xffffffff;
+    /// Two trees of so many triangles each are worth a thread each.
+    static constexpr std::size_t trianglesWorthAThread = 20000;
 
     struct Node {
         QuadBox box;

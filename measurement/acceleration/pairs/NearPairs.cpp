@@ -16,7 +16,6 @@ namespace {
 /// hand.
 constexpr std::uint32_t mostGroupsInDepth = 32;
 constexpr std::size_t mostWildTriangles = 256;
-constexpr std::size_t trianglesWorthAThread = 20000;
 
 const QuadBox& boxOf(const LazyTree& tree) { return tree.getNode(LazyTree::root).box; }
 
@@ -88,10 +87,12 @@ NearPairs::NearPairs(const LazyTree& first, const LazyTree& second, float bound,
     const QuadBox &all1 = boxOf(first), &all2 = boxOf(second);
     const float farthest = calcFarthest(all1, all2);
     runBoth(
-        least, trianglesWorthAThread, [&] { tree1.choose(all2, farthest); }, [&] { tree2.choose(all1, farthest); });
+        least, LazyTree::trianglesWorthAThread, [&] { tree1.choose(all2, farthest); },
+        [&] { tree2.choose(all1, farthest); });
     const QuadBox chosen1 = tree1.getBox(), chosen2 = tree2.getBox();
     runBoth(
-        least, trianglesWorthAThread, [&] { tree1.build(chosen2, farthest); }, [&] { tree2.build(chosen1, farthest); });
+        least, LazyTree::trianglesWorthAThread, [&] { tree1.build(chosen2, farthest); },
+        [&] { tree2.build(chosen1, farthest); });
 }
 
 bool NearPairs::isWorthwhile() const {

@@ -9,8 +9,6 @@ namespace tesk::measurement::acceleration {
 
 namespace {
 
-constexpr std::size_t trianglesWorthAThread = 20000;
-
 std::vector<std::uint32_t> locateAll(LazyTree& tree, const std::vector<std::uint32_t>& triangles) {
     std::vector<std::uint32_t> places;
     for (const std::uint32_t triangle : triangles) places.push_back(tree.locate(triangle));
@@ -38,7 +36,7 @@ void PairSelection::locatePairs(const NearTriangles& near) {
     const std::size_t least =
         &tree1 == &tree2 ? 0 : std::min(tree1.getMesh().triangleCount, tree2.getMesh().triangleCount);
     runBoth(
-        least, trianglesWorthAThread,
+        least, LazyTree::trianglesWorthAThread,
         [&] {
             for (std::size_t i = 0; i < places1.size(); ++i) places1[i].own = tree1.locate(near.pairs[i].first);
             wildPlaces1 = locateAll(tree1, near.wild1);

@@ -30,7 +30,7 @@ struct StoredBox {
     operator QuadBox() const { return {min, max}; }
 };
 
-/// Some triangles that follow each other in a mesh, and between which numbers all of theirs lie.
+/// Some triangles that follow each other in a mesh, by the extremes of what decides on which side of a cut each lies.
 struct TriangleRun {
     static constexpr std::uint32_t mostTriangles = 16;
 

@@ -25,15 +25,6 @@ struct Cubes {
         const QuadMask isAbove = isNear & (offset > Quad{} + inner), isBelow = isNear & (-offset > Quad{} + inner);
         return toBits(isNear) == 7 ? toBits(isAbove) | toBits(isBelow) << 3 : 0;
     }
-
-private:
-    static unsigned toBits(const QuadMask& mask) {
-#ifdef __SSE2__
-        return unsigned(__builtin_ia32_movmskps(Quad(mask))) & 7;
-#else
-        return unsigned(mask[0] & 1) | unsigned(mask[1] & 2) | unsigned(mask[2] & 4);
-#endif
-    }
 };
 
 Quad read(const osg::Pnt3f& position) { return Quad{position[0], position[1], position[2]}; }

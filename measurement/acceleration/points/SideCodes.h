@@ -8,7 +8,8 @@
 
 namespace tesk::measurement::acceleration {
 
-/// Beyond which sides of a cube around a point positions lie: one bit for each side.
+/// Beyond which sides of a cube around a point positions lie: one bit for each side, as for clipping lines (Newman and
+/// Sproull, Principles of Interactive Computer Graphics, 1973, who name Cohen and Sutherland).
 ///
 /// A primitive whose corners all lie beyond the same side is no nearer to the point than half the cube's edge. That is
 /// chosen such that the primitive's box would then have a lowerBound(), as PointDistanceFilter.h says, above the best

@@ -26,6 +26,14 @@ inline Quad larger(const Quad& a, const Quad& b) { return a < b ? b : a; }
 
 inline Quad absolute(const Quad& a) { return Quad(QuadMask(a) & (QuadMask{} + 0x7fffffff)); }
 inline Quad positiveOrZero(const Quad& a) { return Quad(QuadMask(a) & (a > Quad{})); }
+/// One bit for each axis, that of x lowest.
+inline unsigned toBits(const QuadMask& mask) {
+#ifdef __SSE2__
+    return unsigned(__builtin_ia32_movmskps(Quad(mask))) & 7;
+#else
+    return unsigned(mask[0] & 1) | unsigned(mask[1] & 2) | unsigned(mask[2] & 4);
+#endif
+}
 inline float sum(const Quad& a) { return a[0] + a[1] + a[2]; }
 
 /// A detail::Box whose functions, all named like those of Box.h, give the same bits but for the sign of zero.
